@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#ifndef L5KOV_POCKETJSON_CONTAINER_H_
+#define L5KOV_POCKETJSON_CONTAINER_H_
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <pocketjson/value.h>
+
+#include "pocketjson/key_order.h"
+
+namespace pocketjson {
+
+/// The order of std::less<std::string> (bytes as unsigned numbers, the shorter key first), for
+/// literals and views too, so that a look-up makes no string.
+struct KeyLess {
+  using is_transparent = void;
+
+  bool operator()(std::string_view left, std::string_view right) const noexcept {
+    return keyBefore(left, right);
+  }
+};
+
+using Elements = std::vector<Value>;
+using Members = std::map<std::string, Value, KeyLess>;
+
+/// The held type is one of std::string, Elements and Members; the tag of the value that owns the
+/// container says which.
+template <typename T>
+class Value::Container final : public AbstractContainer {
+ public:
+  template <typename... Args>
+  explicit Container(Args&&... args) : held(std::forward<Args>(args)...) {}
+
+  T held;
+};
+
+template <typename T>
+T& Value::held() const noexcept {
+  return static_cast<Container<T>*>(payload.container)->held;
+}
+
+}  // namespace pocketjson
+
+#endif  // L5KOV_POCKETJSON_CONTAINER_H_
