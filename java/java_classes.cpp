@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "java/java_classes.h"
+
+namespace lumora::kov::java {
+
+void lookUpMembers(JNIEnv* env, jclass clazz, const Member* rows, std::size_t count,
+                   jmethodID* ids) {
+  for (std::size_t row = 0; row < count; ++row) ids[row] = jni::methodId(env, clazz, rows[row]);
+}
+
+void JavaClasses::build(JavaEnv* owner) {
+  arrayList = std::make_unique<JArrayListClass>(owner);
+  integer = std::make_unique<JIntegerClass>(owner);
+  doubleClass = std::make_unique<JDoubleClass>(owner);
+  langClass = std::make_unique<JLangClassClass>(owner);
+  list = std::make_unique<JListClass>(owner);
+  longClass = std::make_unique<JLongClass>(owner);
+  system = std::make_unique<JSystemClass>(owner);
+  throwable = std::make_unique<JThrowableClass>(owner);
+  calibrationResultValues = std::make_unique<JApiCalibrationResultValuesClass>(owner);
+  calibrationTargetValues = std::make_unique<JApiCalibrationTargetValuesClass>(owner);
+  edidInformation = std::make_unique<JApiEdidInformationClass>(owner);
+  extractedCalibrationData = std::make_unique<JApiExtractedCalibrationDataClass>(owner);
+  // Kept: before the look-up tables, although its slot comes after theirs. FindClass loads classes,
+  // so their order is visible to the Java runtime.
+  measurementDeviceType = std::make_unique<JApiMeasurementDeviceTypeClass>(owner);
+  lookUpTable = std::make_unique<JApiLookUpTableClass>(owner);
+  monitor = std::make_unique<JApiMonitorClass>(owner);
+  monitorLibrary = std::make_unique<JApiMonitorLibraryClass>(owner);
+  osd = std::make_unique<JApiOsdClass>(owner);
+}
+
+JArrayList JArrayList::create(JavaEnv* javaEnv) {
+  return wrap<JArrayList>(javaEnv, javaEnv->classes().arrayList->construct<void()>());
+}
+
+JInteger JInteger::create(JavaEnv* javaEnv, std::int32_t value) {
+  return wrap<JInteger>(javaEnv, javaEnv->classes().integer->construct<void(std::int32_t)>(value));
+}
+
+JDouble JDouble::create(JavaEnv* javaEnv, double value) {
+  return wrap<JDouble>(javaEnv, javaEnv->classes().doubleClass->construct<void(double)>(value));
+}
+
+JApiCalibrationResultValues JApiCalibrationResultValues::create(JavaEnv* javaEnv,
+                                                                double maxLuminance,
+                                                                double minLuminance,
+                                                                std::int32_t backlightSensorValue) {
+  return wrap<JApiCalibrationResultValues>(
+      javaEnv, javaEnv->classes()
+                   .calibrationResultValues->construct<void(double, double, std::int32_t)>(
+                       maxLuminance, minLuminance, backlightSensorValue));
+}
+
+JApiCalibrationTargetValues JApiCalibrationTargetValues::create(JavaEnv* javaEnv) {
+  return wrap<JApiCalibrationTargetValues>(
+      javaEnv, javaEnv->classes().calibrationTargetValues->construct<void()>());
+}
+
+JApiCalibrationTargetValues JApiCalibrationTargetValues::copyOf(
+    JavaEnv* javaEnv, const JApiCalibrationTargetValues& other) {
+  return wrap<JApiCalibrationTargetValues>(
+      javaEnv,
+      javaEnv->classes()
+          .calibrationTargetValues->construct<void(JApiCalibrationTargetValues)>(other.reference()));
+}
+
+JApiMeasurementDeviceType JApiMeasurementDeviceType::create(JavaEnv* javaEnv) {
+  return wrap<JApiMeasurementDeviceType>(
+      javaEnv, javaEnv->classes().measurementDeviceType->construct<void()>());
+}
+
+JApiMonitorLibrary JApiMonitorLibrary::getInstance(JavaEnv* javaEnv) {
+  return wrap<JApiMonitorLibrary>(javaEnv, javaEnv->classes().monitorLibrary->getInstance());
+}
+
+}  // namespace lumora::kov::java

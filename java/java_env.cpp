@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: MIT
+#include "lumora/kov/java/java_env.h"
+
+#include <stdexcept>
+
+#include "java/java_classes.h"
+#include "java/jni_calls.h"
+#include "java/jvm_library.h"
+#include "java/local_frame.h"
+#include "java/thread_env.h"
+#include "platform/platform.h"
+
+namespace lumora::kov::java {
+namespace {
+
+constexpr const char* kReleased =
+    "Java is no longer available on this thread: DeleteJavaVM() was called";
+constexpr const char* kThreadEnding = "Java is no longer available: the thread is ending";
+
+}  // namespace
+
+JavaEnv* Env() {
+  if (threadMark().ended) throw std::logic_error(kThreadEnding);
+  // When the constructor throws, the next call on this thread tries again.
+  thread_local JavaEnv javaEnv;
+  return &javaEnv;
+}
+
+JavaEnv* readyEnv() {
+  JavaEnv* javaEnv = Env();
+  if (!javaEnv->hasClasses()) throw std::logic_error(kReleased);
+  return javaEnv;
+}
+
+void DeleteJavaVM() {
+  // Kept: the virtual machine is never destroyed; a process cannot have a second one.
+  if (JvmLibrary::instance().runningVm() == nullptr) return;
+  Env()->release();
+}
+
+JavaEnv::JavaEnv() {
+  const JvmLibrary::Joined joined = JvmLibrary::instance().joinOrCreate();
+  vm_ = joined.vm;
+  createdVm_ = joined.created;
+  try {
+    env_ = std::make_unique<JNIEnv*>(joined.env);
+    classes_ = std::make_unique<JavaClasses>();
+    classes_->build(this);
+  } catch (...) {
+    // Only memory can run out here. The object's destructor will not run, so its detach is due now.
+    if (!createdVm_) jni::detachCurrentThread(vm_);
+    throw;
+  }
+  threadMark().env = joined.env;
+  rememberVm(vm_);
+}
+
+// The thread is ending. On Windows this runs under the loader lock: it waits for nothing.
+JavaEnv::~JavaEnv() {
+  threadMark().ended = true;
+  if (!createdVm_ && !platform::processIsEnding()) release();
+}
+
+// Does nothing the second time: the thread's attachment may be someone else's by then.
+void JavaEnv::release() {
+  if (classes_ == nullptr) return;
+  if (createdVm_) {
+    classes_->system->gc();
+    classes_.reset();
+    return;
+  }
+  classes_.reset();
+  jni::detachCurrentThread(vm_);
+  *env_ = nullptr;
+  threadMark().env = nullptr;
+}
+
+const JavaClasses& JavaEnv::classes() const {
+  if (classes_ == nullptr) throw std::logic_error(kReleased);
+  return *classes_;
+}
+
+}  // namespace lumora::kov::java

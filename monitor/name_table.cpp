@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "monitor/name_table.h"
+
+#include <tinyxml2.h>
+
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <new>
+
+#include "java/plugin_paths.h"
+#include "platform/platform.h"
+
+namespace lumora::kov {
+namespace {
+
+using tinyxml2::XMLElement;
+
+constexpr const char* kNoPackage = "noPackage";
+
+// An element that is missing, or has no text, reads as the empty text.
+const char* childText(const XMLElement& parent, const char* name) {
+  const XMLElement* child = parent.FirstChildElement(name);
+  const char* text = child == nullptr ? nullptr : child->GetText();
+  return text == nullptr ? "" : text;
+}
+
+bool lists(const XMLElement& package, const std::string& model) {
+  for (const XMLElement* info = package.FirstChildElement("ModelInfo"); info != nullptr;
+       info = info->NextSiblingElement("ModelInfo")) {
+    if (model == childText(*info, "ModelName")) return true;
+  }
+  return false;
+}
+
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+}  // namespace
+
+std::string nameTablePath() {
+  return java::joinPath(java::normalizePath(java::commonAppDataFolder()),
+                        {"ORVA/Lumora5", "Data/", "Profile/", "KovMonitorName.xml"});
+}
+
+std::string packageOfModel(const std::string& model) try {
+  std::string result = kNoPackage;
+  // Opened by the platform: tinyxml2 would take the name in the ANSI code page on Windows.
+  const std::unique_ptr<std::FILE, CloseFile> file(platform::openFile(nameTablePath()));
+  if (file == nullptr) return result;
+  tinyxml2::XMLDocument document;
+  document.LoadFile(file.get());  // a failure leaves the document empty
+  const XMLElement* root = document.FirstChildElement("KovMonitorName");
+  if (root == nullptr) return result;
+  // Kept: the last entry of a model wins, so hosts can append corrections.
+  for (const XMLElement* package = root->FirstChildElement("PackageInfo"); package != nullptr;
+       package = package->NextSiblingElement("PackageInfo")) {
+    if (lists(*package, model)) result = childText(*package, "PackageName");
+  }
+  return result;
+} catch (const std::bad_alloc&) {
+  // A file beyond the memory there is counts as unreadable.
+  return kNoPackage;
+}
+
+}  // namespace lumora::kov

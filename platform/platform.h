@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#ifndef L5KOV_PLATFORM_PLATFORM_H_
+#define L5KOV_PLATFORM_PLATFORM_H_
+
+#include <cstdio>
+#include <string>
+
+// The one boundary to the operating system. One folder per system implements it; whoever ports the
+// library writes these functions and nothing else.
+//
+// Texts are UTF-8. Paths and runtime options come in as the rest of the library composes them on
+// every system: "\" between the parts of a path, ";" after each entry of a search path, the runtime
+// library below "bin\server". Only here do they take the system's own form.
+//
+// Every function may be called on any thread at any time, unless it says otherwise.
+namespace lumora::platform {
+
+/// The machine-wide application-data folder, without a promise about a trailing separator. The
+/// empty text when the system has none to tell; never throws but std::bad_alloc.
+std::string commonAppDataFolder();
+
+/// A loaded Java runtime library; null stands for none.
+using RuntimeLibrary = void*;
+
+/// Loads the runtime library. `path` is valid UTF-8. Null on any failure, without a reason: the
+/// caller has one message for all of them.
+RuntimeLibrary loadRuntimeLibrary(const std::string& path);
+/// The address of an export, or null.
+void* findExport(RuntimeLibrary library, const char* name);
+/// Gives the library back. Must not take away code that the virtual machine's own threads run.
+void freeRuntimeLibrary(RuntimeLibrary library) noexcept;
+
+/// A start-up option of the virtual machine in the system's own form.
+std::string runtimeOption(const std::string& option);
+
+/// Opens a regular file for reading in binary mode, or gives null: also for a folder, a pipe or a
+/// device, and without waiting for any of them. The caller closes it with std::fclose.
+std::FILE* openFile(const std::string& path);
+
+/// Blocks the calling thread for at least this long.
+void sleepMilliseconds(unsigned milliseconds);
+
+/// True once the system has begun to end the process in a way that leaves other threads' locks
+/// behind. Nothing may call into Java then.
+bool processIsEnding() noexcept;
+
+}  // namespace lumora::platform
+
+#endif  // L5KOV_PLATFORM_PLATFORM_H_
