@@ -1,0 +1,41 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Installs the Debian packages that are missing.
+#   install-packages.sh build|test|all   (each includes those before it)
+# Does nothing, and needs no privileges, where everything is there.
+set -euo pipefail
+
+build=(ca-certificates cmake g++ ninja-build openjdk-17-jdk-headless libtinyxml2-dev liblcms2-dev
+       libcli11-dev libfmt-dev nlohmann-json3-dev)
+test=(libgtest-dev libgmock-dev dcmtk locales python3 python3-jsonschema)
+all=()
+
+case "${1:-}" in
+  build) wanted=("${build[@]}") ;;
+  test) wanted=("${build[@]}" "${test[@]}") ;;
+  all) wanted=("${build[@]}" "${test[@]}" "${all[@]}") ;;
+  *) echo "usage: $0 build|test|all" >&2; exit 2 ;;
+esac
+
+missing=()
+for package in "${wanted[@]}"; do
+  status=$(dpkg-query -W -f='${Status}' "$package" 2>/dev/null || true)
+  [ "$status" = "install ok installed" ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  if ! command -v sudo >/dev/null; then
+    echo "Missing packages: ${missing[*]}" >&2
+    echo "Install them as root: apt-get install --no-install-recommends ${missing[*]}" >&2
+    exit 1
+  fi
+  as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+export DEBIAN_FRONTEND=noninteractive
+# A minimal root lacks this folder, and the Java packages' scripts stop without it.
+"${as_root[@]}" mkdir -p /usr/share/man/man1
+"${as_root[@]}" apt-get update -q
+"${as_root[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}"
