@@ -85,7 +85,9 @@ struct LogLine {
 //   SetDoubleArrayRegion 0 3 [1,0.5,0]      RegisterNatives pkg/Callbacks 6
 //   Throw IOException#1   ThrowNew java/lang/Error "text"   ExceptionOccurred
 //   JNI_GetCreatedJavaVMs  JNI_CreateJavaVM  AttachCurrentThread  DetachCurrentThread
-// and, around a native method that Java calls ("callNative"):
+// Objects that no test named get names in the order in which they first appear ("Integer#1",
+// "ArrayList#2"); classes stand as their JNI names; texts of more than 200 bytes are cut:
+// "aaaa..."(1048576 bytes). Around a native method that Java calls (callNative):
 //   enter jniSendProgress(50,1234)          leave jniSendProgress
 class Runtime {
  public:
@@ -118,6 +120,7 @@ class Runtime {
   virtual ObjectRef object(const std::string& name, const std::string& className) = 0;
   // Null when there is none of that name.
   virtual ObjectRef find(const std::string& name) const = 0;
+  virtual ObjectRef classObject(const std::string& className) = 0;
   // Every class has java/lang/Object as its superclass until told otherwise; classes that are
   // thrown get java/lang/Exception. An interface counts as a superclass.
   virtual void extends(const std::string& subclass, const std::string& superclass) = 0;
@@ -149,6 +152,8 @@ class Runtime {
   // --- native methods that the library registered ---
 
   virtual bool hasNative(const std::string& method) const = 0;
+  // "jniSendProgress(IJ)V", in the order of registration.
+  virtual std::vector<std::string> nativeMethods() const = 0;
   // Calls it as Java would, on the calling thread (which must be attached), in a local frame of
   // its own. Throws JavaThrow when it left a Java exception pending. A C++ exception that leaves
   // it (which ends a real process) is recorded as a problem.

@@ -21,13 +21,16 @@ struct FakeMeter {
 
 // The stand-in for the colour library (target fake_chroma, file libchroma_x64).
 struct FakeChroma {
+  using Input = std::array<unsigned char, 144>;
+
   double x = 0.3127;
   double y = 0.3290;
-  // One per Colour_tmp2xy call: the 144 bytes of its input record, as they were.
-  std::vector<std::array<unsigned char, 144>> inputs;
+  int result = 0;  // of Colour_tmp2xy
+  // One per Colour_tmp2xy call: its input record, as it was.
+  std::vector<Input> inputs;
 
-  // The temperature of an input record; empty when a byte outside it is not zero.
-  static std::optional<int32_t> temperatureOf(const std::array<unsigned char, 144>& input);
+  // The temperature (at byte 96) of an input record; empty when any other byte is not zero.
+  static std::optional<int32_t> temperatureOf(const Input& input);
 };
 
 // The instances in the loaded libraries, one per process; not thread-safe.

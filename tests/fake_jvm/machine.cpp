@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#include "tests/fake_jvm/machine.h"
+
+#include <atomic>
+
+#include "tests/fake_jvm/describe.h"
+#include "tests/fake_jvm/slots.h"
+
+namespace fakejvm {
+
+Machine& Machine::get() {
+  static auto* machine = new Machine;  // libl5kov still calls while the process ends
+  return *machine;
+}
+
+Machine::Machine() {
+  vm.functions = &invocationTable();
+}
+
+int Machine::threadNumber() {
+  static std::atomic<int> last{0};
+  // Without a destructor, since libl5kov detaches while a thread's own objects are destroyed.
+  static thread_local int number = 0;
+  if (number == 0) number = ++last;
+  return number;
+}
+
+ThreadState* Machine::stateOf(int number) const {
+  const auto found = attached.find(number);
+  return found == attached.end() ? nullptr : found->second;
+}
+
+ThreadState* Machine::attach() {
+  ThreadState*& state = attached[threadNumber()];
+  if (state == nullptr) {
+    states.push_back(std::make_unique<ThreadState>());
+    state = states.back().get();
+    state->functions = &functionTable();
+    state->number = threadNumber();
+  }
+  return state;
+}
+
+void Machine::detach(ThreadState& thread, const std::string& why) {
+  for (Frame& frame : thread.frames) references.removeAll(frame, why);
+  thread.frames.assign(1, Frame());
+  thread.attached = false;
+  thread.pending = nullptr;
+  thread.unchecked.clear();
+  attached.erase(thread.number);
+}
+
+void Machine::forgetVm() {
+  while (!attached.empty()) detach(*attached.begin()->second, "its virtual machine is gone");
+  references.removeGlobals();
+  natives.clear();
+  created = false;
+}
+
+// Kept by reset(): what the library's bindings hold on to.
+void Machine::reset() {
+  classes.reset();
+  recorder = Recorder();
+  objects.clear();
+  createResult.reset();
+  createdVmsResult.reset();
+  for (const auto& [number, thread] : attached) {
+    thread->pending = nullptr;
+    thread->unchecked.clear();
+  }
+  restartNames();
+}
+
+int Machine::pushedFrames() const {
+  int count = 0;
+  for (const auto& [number, thread] : attached) {
+    for (const Frame& frame : thread->frames) count += frame.kind == Frame::Kind::kPushed ? 1 : 0;
+  }
+  return count;
+}
+
+ObjectRef Machine::newThrowable(const std::string& className,
+                                const std::optional<std::string>& message) {
+  classes.makeThrowable(className);
+  auto throwable = std::make_shared<Object>(className);
+  throwable->setField("message", message ? Value(*message) : Value(nullptr));
+  return throwable;
+}
+
+}  // namespace fakejvm
