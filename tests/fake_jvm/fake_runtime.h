@@ -93,7 +93,8 @@ class Runtime {
  public:
   // --- the virtual machine ---
 
-  // Forgets scripts, named objects, missing members, faults, hooks, log, problems and counters.
+  // Forgets scripts, named objects, missing members, faults, hooks, log, problems and counters,
+  // and what a failed test left behind (local frames, UTF characters, pending exceptions).
   // The virtual machine, attached threads, live references and identifiers stay, since the
   // library's bindings hold them.
   virtual void reset() = 0;

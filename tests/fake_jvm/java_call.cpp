@@ -29,6 +29,18 @@ ObjectRef boxed(const std::string& type, const Value& value) {
   return box;
 }
 
+// From its return on, a call owes an exception check.
+class OwedCheck {
+ public:
+  explicit OwedCheck(Entry& entry) : call(entry) {}
+  ~OwedCheck() { call.thread->unchecked = call.line(); }
+  OwedCheck(const OwedCheck&) = delete;
+  OwedCheck& operator=(const OwedCheck&) = delete;
+
+ private:
+  Entry& call;
+};
+
 // False, and a problem, where a real runtime would crash or hand back garbage.
 bool legal(Entry& call, const CallForm& form, const Member& member, const ObjectRef& self) {
   if (!self) {
@@ -141,7 +153,7 @@ jvalue callMember(JNIEnv* env, const CallForm& form, jobject target, jmethodID i
   }
   const std::vector<Value> args = toValues(call, member->parsed, reader(member->parsed));
   call.log(displayName(self) + "." + member->name + argumentsText(args));
-  call.thread->unchecked = call.line();
+  const OwedCheck owed(call);
   if (!legal(call, form, *member, self) || call.failsAsCall(form.result == 'V')) return {};
   const Value result = runScript(call, *member, self, args);
   return toRaw(call, member->parsed.resultType, result);
@@ -159,7 +171,7 @@ jobject newObject(JNIEnv* env, const char* slot, jclass clazz, jmethodID id,
   }
   const std::vector<Value> args = toValues(call, member->parsed, reader(member->parsed));
   call.log(shown + "." + member->name + argumentsText(args));
-  call.thread->unchecked = call.line();
+  const OwedCheck owed(call);
   if (!className) return nullptr;
   if (member->name != "<init>" || member->className != *className) {
     call.problem(*className + " has no constructor " + member->text());

@@ -57,7 +57,8 @@ void Machine::forgetVm() {
   created = false;
 }
 
-// Kept by reset(): what the library's bindings hold on to.
+// What the library's bindings hold on to stays. What a failed test left behind does not: it would
+// fail the next one.
 void Machine::reset() {
   classes.reset();
   recorder = Recorder();
@@ -67,8 +68,18 @@ void Machine::reset() {
   for (const auto& [number, thread] : attached) {
     thread->pending = nullptr;
     thread->unchecked.clear();
+    if (thread->javaDepth == 0) dropFrames(*thread);
   }
+  for (const auto& [bytes, name] : utf) delete[] bytes;
+  utf.clear();
   restartNames();
+}
+
+void Machine::dropFrames(ThreadState& thread) {
+  while (thread.frames.size() > 1) {
+    references.removeAll(thread.frames.back(), "its frame was dropped");
+    thread.frames.pop_back();
+  }
 }
 
 int Machine::pushedFrames() const {

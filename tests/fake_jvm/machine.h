@@ -76,6 +76,7 @@ class Machine {
 
  private:
   Machine();
+  void dropFrames(ThreadState& thread);
 
   std::map<int, ThreadState*> attached;
   std::vector<std::unique_ptr<ThreadState>> states;

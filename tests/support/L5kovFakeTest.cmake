@@ -26,7 +26,7 @@ function(l5kov_add_fake_test name)
   # The vendor stand-ins stand first, so that the loader has them under their names before
   # libl5kov asks for them.
   target_link_libraries(${name} PRIVATE
-    l5kov_test_support ${arg_LIBRARY} ${arg_LIBRARIES} l5kov_options GTest::gtest GTest::gmock
+    l5kov_test_support ${arg_LIBRARY} ${arg_LIBRARIES} l5kov_options GTest::gtest
     GTest::gtest_main)
   if(NOT WIN32 AND NOT APPLE)
     target_link_options(${name} PRIVATE -Wl,--no-as-needed)

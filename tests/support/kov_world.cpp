@@ -56,20 +56,24 @@ Value activate(Call& call) {
 }  // namespace
 
 KovWorld::KovWorld(FakeJvm& fake) : jvm(fake), state(std::make_shared<State>()) {
-  fakejvm::Runtime& runtime = jvm.runtime;
-  scriptBeans(runtime);
-  library = runtime.object("library", kLibraryClass);
+  scriptBeans(jvm.runtime);
+  library = jvm.object("library", kLibraryClass);
   library->setField("monitors", fakejvm::makeList({}, "monitors"));
   const auto status = [&](const char* name) {
-    const ObjectRef constant = runtime.object(name, kStatusClass);
-    runtime.setStaticField(kStatusClass, name, constant);
+    const ObjectRef constant = jvm.object(name, kStatusClass);
+    jvm.runtime.setStaticField(kStatusClass, name, constant);
     return constant;
   };
   statusFinished = status("FINISHED");
   statusNone = status("NONE");
   statusRunning = status("RUNNING");
   state->statuses = {statusFinished};
+  scriptLibrary();
+  scriptMonitors();
+}
 
+void KovWorld::scriptLibrary() {
+  fakejvm::Runtime& runtime = jvm.runtime;
   runtime.extends(kLibraryClass, "com/orva/kov/library/api/MonitorLibrary");
   runtime.script(kLibraryClass, "getInstance", returns(library));
   runtime.script(kLibraryClass, "startMonitorSearch", nothing());
@@ -79,6 +83,10 @@ KovWorld::KovWorld(FakeJvm& fake) : jvm(fake), state(std::make_shared<State>()) 
   runtime.script(kLibraryClass, "getSearchStatus", [s = state](Call&) -> Value {
     return s->locked([&] { return s->statuses[std::min(s->polls++, s->statuses.size() - 1)]; });
   });
+}
+
+void KovWorld::scriptMonitors() {
+  fakejvm::Runtime& runtime = jvm.runtime;
   runtime.script(kLutClass, "activate", activate);
   runtime.script(kMonitorClass, "extractCalibrationData",
                  [](Call& call) { return call.self->field("history"); });
@@ -89,7 +97,10 @@ KovWorld::KovWorld(FakeJvm& fake) : jvm(fake), state(std::make_shared<State>()) 
     return {};
   });
   runtime.script(kMonitorClass, "abortCalibration", [s = state](Call&) -> Value {
-    const auto action = s->locked([&] { return ++s->aborts, s->abortAction; });
+    const auto action = s->locked([&] {
+      ++s->aborts;
+      return s->abortAction;
+    });
     if (action) action();
     return {};
   });

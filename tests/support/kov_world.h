@@ -82,6 +82,9 @@ class KovWorld {
 
  private:
   struct State;
+  void scriptLibrary();
+  void scriptMonitors();
+
   FakeJvm& jvm;
   std::shared_ptr<State> state;
 };
