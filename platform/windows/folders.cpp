@@ -14,8 +14,9 @@ static_assert(CSIDL_COMMON_APPDATA == 35 && SHGFP_TYPE_CURRENT == 0 && MAX_PATH 
 
 }  // namespace
 
-// Kept: the ANSI call. A folder with characters beyond the code page comes with substitutes in their
-// place, so the library does not find it; that is how plug-in installations have always been found.
+// Kept: the ANSI call. A folder with characters beyond the code page comes with substitutes in
+// their place, so the library does not find it; that is how plug-in installations have always been
+// found.
 std::string commonAppDataFolder() {
   char folder[kFolderSize] = {};
   const HRESULT result =

@@ -12,9 +12,8 @@ namespace {
 // thread.
 void pinModuleOf(const void* address) {
   HMODULE module = nullptr;
-  ::GetModuleHandleExW(
-      GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-      static_cast<const wchar_t*>(address), &module);
+  ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
+                       static_cast<const wchar_t*>(address), &module);
 }
 
 const char pinned = 0;  // an address inside this module
@@ -43,6 +42,8 @@ void freeRuntimeLibrary(RuntimeLibrary library) noexcept {
 
 // Kept: UTF-8 as composed, with ";" after the last entry too. The virtual machine reads options in
 // the ANSI code page, so jars below a folder with other than ASCII characters are not found.
-std::string runtimeOption(const std::string& option) { return option; }
+std::string runtimeOption(const std::string& option) {
+  return option;
+}
 
 }  // namespace lumora::platform

@@ -5,6 +5,8 @@
 
 namespace lumora::platform {
 
-void sleepMilliseconds(unsigned milliseconds) { ::Sleep(milliseconds); }
+void sleepMilliseconds(unsigned milliseconds) {
+  ::Sleep(milliseconds);
+}
 
 }  // namespace lumora::platform
