@@ -15,18 +15,27 @@ fs::path runtimeLibrary() {
   return "jre/bin/server/jvm.dll";
 }
 
-// There is no variable to point elsewhere: tests write into the machine's own folder (one machine,
-// or one Wine prefix, per test run).
+// The library asks the shell, so tests need a machine (a Wine prefix) whose shell takes the folder
+// from this variable: "User Shell Folders", "Common AppData", %L5KOV_COMMON_APPDATA%. Elsewhere all
+// tests share the machine's own folder, and must run one at a time.
 fs::path makeRoot() {
-  char folder[MAX_PATH] = {};
-  if (::SHGetFolderPathA(nullptr, CSIDL_COMMON_APPDATA, nullptr, 0, folder) != S_OK) {
-    throw std::runtime_error("SHGetFolderPathA");
+  const fs::path own =
+      fs::temp_directory_path() / ("l5kov-test-" + std::to_string(::GetCurrentProcessId()));
+  fs::create_directories(own);
+  ::SetEnvironmentVariableW(L"L5KOV_COMMON_APPDATA", own.c_str());
+  wchar_t folder[MAX_PATH] = {};
+  if (::SHGetFolderPathW(nullptr, CSIDL_COMMON_APPDATA, nullptr, 0, folder) != S_OK) {
+    throw std::runtime_error("SHGetFolderPathW");
   }
+  if (own != folder) fs::remove(own);
   return folder;
 }
 
-// Another test's process may be using what lies there.
-void removeRoot(const fs::path&) {}
+// What is in use stays: the runtime's library, until the process has ended.
+void removeRoot(const fs::path& root) {
+  std::error_code inUse;
+  if (root.filename().wstring().starts_with(L"l5kov-test-")) fs::remove_all(root, inUse);
+}
 
 // A module is known by its path here, so a link would do as well, but needs a privilege.
 void place(const fs::path& library, const fs::path& at) {

@@ -2,24 +2,31 @@
 # SPDX-License-Identifier: MIT
 # Runs a Windows program under Wine: wine.sh PROGRAM ARGUMENTS...
 #
-# The prefix (WINEPREFIX, default build/wine-prefix) is made on first use. In it the shell's common
-# application-data folder is taken from the variable L5KOV_TEST_APPDATA, so that tests have one each
-# and can run side by side; default C:\ProgramData. Folders of the Unix PATH that lie in a build
-# tree are where DLLs are found.
+# The prefix (WINEPREFIX, default build/wine-prefix) is made on first use. In it the shell takes the
+# common application-data folder from the variable L5KOV_COMMON_APPDATA, so that a test is told its
+# folder as on other systems, and tests can run side by side; default C:\ProgramData. This is a
+# setting of the prefix: the library asks the shell and knows no variable.
+#
+# DLLs are found in the folders of PATH and LD_LIBRARY_PATH that hold some.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 export WINEPREFIX=${WINEPREFIX:-$root/build/wine-prefix}
 export WINEDEBUG=${WINEDEBUG:--all}
-export L5KOV_TEST_APPDATA=${L5KOV_TEST_APPDATA:-C:\\ProgramData}
+# No .NET, no web engine: without this Wine offers to install them.
+export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 wine=$(PATH=/usr/lib/wine:$PATH command -v wine64)
 key='HKLM\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders'
 
+windows_path() {
+  case $1 in
+    /*) printf 'Z:%s' "${1//\//\\}" ;;
+    *) printf %s "$1" ;;
+  esac
+}
+
 make_prefix() {
-  mkdir -p "$WINEPREFIX"
-  # No display, no web engine, no .NET: without this Wine asks for them.
-  export WINEDLLOVERRIDES="mscoree,mshtml=;$(printf %s "${WINEDLLOVERRIDES:-}")"
   "$wine" wineboot -i
-  "$wine" reg add "$key" /v 'Common AppData' /t REG_EXPAND_SZ /d '%L5KOV_TEST_APPDATA%' /f
+  "$wine" reg add "$key" /v 'Common AppData' /t REG_EXPAND_SZ /d '%L5KOV_COMMON_APPDATA%' /f
   touch "$WINEPREFIX/ready"
 }
 
@@ -33,9 +40,13 @@ fi
 
 dll_folders=
 while IFS= read -r -d : folder; do
-  case $folder in
-    */build/* | /tmp/*) dll_folders+="Z:${folder//\//\\};" ;;
-  esac
-done <<<"$PATH:"
+  if compgen -G "$folder/*.dll" >/dev/null; then dll_folders+="$(windows_path "$folder");"; fi
+done <<<"$PATH:${LD_LIBRARY_PATH:-}:"
+# Test discovery runs programs without their environment: any of the vendor stand-ins does there.
+stand_ins=$(dirname "${1:-.}")/../tests/support/vendor
+if [ -d "$stand_ins" ]; then dll_folders+="$(windows_path "$(cd "$stand_ins" && pwd)");"; fi
 export WINEPATH=$dll_folders${WINEPATH:-}
+
+L5KOV_COMMON_APPDATA=$(windows_path "${L5KOV_COMMON_APPDATA:-C:\\ProgramData}")
+export L5KOV_COMMON_APPDATA
 exec "$wine" "$@"
