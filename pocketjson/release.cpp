@@ -35,52 +35,68 @@ bool hasNested(const Members& members) noexcept {
 
 }  // namespace
 
-// The first place of a container that cannot be destroyed at once; null for every other value.
-Value* Value::placeForChain() const noexcept {
-  if (tag == Object) {
-    Members& members = held<Members>();
-    return hasNested(members) ? &members.begin()->second : nullptr;
+// The steps of it, with access to the inside of a value.
+class Burial {
+ public:
+  // Takes over a container that nobody owns any more.
+  static void run(Value::Type kind, Value::AbstractContainer* unowned) noexcept {
+    unowned->refCount = 1;
+    Value place(kind, unowned);
+    Value waiting;
+    empty(place, waiting);
+    while (waiting.tag != Value::Null) {
+      place.swap(waiting);
+      waiting.swap(*firstPlace(place));
+      emptyAll(place, waiting);
+      delete place.payload.container;
+      forget(place);
+    }
   }
-  if (tag == Array) {
-    Elements& elements = held<Elements>();
-    return hasNested(elements) ? &elements.front() : nullptr;
-  }
-  return nullptr;
-}
 
-// Empties the place. If it owned a container that has to wait, that joins the chain.
-void Value::bury(Value& place, Value& waiting) noexcept {
-  while (isNested(place) && place.container() != nullptr &&
-         place.payload.container->refCount == 1) {
-    Value* first = place.placeForChain();
-    if (first == nullptr) break;
-    place.swap(waiting);  // the container now leads the chain ...
-    place.swap(*first);   // ... with the rest behind it; next comes what was in its first place
+ private:
+  static Value* firstPlace(const Value& owner) noexcept {
+    return owner.tag == Value::Object ? &owner.held<Members>().begin()->second
+                                      : &owner.held<Elements>().front();
   }
-  AbstractContainer* shared = place.container();
-  if (shared != nullptr && --shared->refCount == 0) delete shared;
-  place.tag = Null;
-  place.payload = Payload();
-}
+
+  // Whether the place owns the last share of a container that cannot be destroyed at once.
+  static bool mustWait(const Value& place) noexcept {
+    if (!isNested(place) || place.container() == nullptr) return false;
+    if (place.payload.container->refCount != 1) return false;
+    return place.tag == Value::Object ? hasNested(place.held<Members>())
+                                      : hasNested(place.held<Elements>());
+  }
+
+  static void empty(Value& place, Value& waiting) noexcept {
+    while (mustWait(place)) {
+      Value* first = firstPlace(place);
+      place.swap(waiting);  // the container now leads the chain ...
+      place.swap(*first);   // ... with the rest behind it; next comes what was in its first place
+    }
+    Value::AbstractContainer* shared = place.container();
+    if (shared != nullptr && --shared->refCount == 0) delete shared;
+    forget(place);
+  }
+
+  static void emptyAll(const Value& owner, Value& waiting) noexcept {
+    if (owner.tag == Value::Object) {
+      for (auto& [name, member] : owner.held<Members>()) empty(member, waiting);
+    } else {
+      for (Value& element : owner.held<Elements>()) empty(element, waiting);
+    }
+  }
+
+  static void forget(Value& place) noexcept {
+    place.tag = Value::Null;
+    place.payload = Value::Payload();
+  }
+};
 
 void Value::destroyContainer(Type kind, AbstractContainer* unowned) noexcept {
-  unowned->refCount = 1;
-  Value place(kind, unowned);
-  Value waiting;
-  bury(place, waiting);
-  while (waiting.tag != Null) {
-    place.swap(waiting);
-    Value& first =
-        place.tag == Array ? place.held<Elements>().front() : place.held<Members>().begin()->second;
-    waiting.swap(first);
-    if (place.tag == Array) {
-      for (Value& element : place.held<Elements>()) bury(element, waiting);
-    } else {
-      for (auto& [name, member] : place.held<Members>()) bury(member, waiting);
-    }
-    delete place.payload.container;
-    place.tag = Null;
-    place.payload = Payload();
+  if (kind == String) {
+    delete unowned;
+  } else {
+    Burial::run(kind, unowned);
   }
 }
 

@@ -260,14 +260,14 @@ class L5KOV_API Value {
     return key != nullptr ? std::string_view(key) : std::string_view();
   }
 
-  // Destroying without recursion and without memory; see release.cpp.
+  // Destroys a container whose count has reached 0, and all that hangs on it alone.
   static void destroyContainer(Type kind, AbstractContainer* unowned) noexcept;
-  static void bury(Value& place, Value& waiting) noexcept;
-  Value* placeForChain() const noexcept;
 
   // What the container holds; T must fit the type.
   template <typename T>
   T& held() const noexcept;
+
+  friend class Burial;
 
   Type tag;
   Payload payload;
