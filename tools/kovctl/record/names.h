@@ -37,13 +37,14 @@ struct Names<DisplayFunction> {
 
 template <>
 struct Names<PatchRole> {
-  static constexpr std::array<std::pair<PatchRole, std::string_view>, 6> kAll{{
+  static constexpr std::array<std::pair<PatchRole, std::string_view>, 7> kAll{{
       {PatchRole::kWarmUp, "warm-up"},
       {PatchRole::kBlack, "black"},
       {PatchRole::kWhite, "white"},
       {PatchRole::kPrimary, "primary"},
       {PatchRole::kGray, "gray"},
       {PatchRole::kVerify, "verify"},
+      {PatchRole::kOther, "other"},
   }};
 };
 

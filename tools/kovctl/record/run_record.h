@@ -24,7 +24,7 @@ enum class DisplayFunction { kDicom, kCie, kExp, kLogLinear, kLinear, kNative, k
 
 /// What a patch was measured for. In a calibration kGray is the panel before it is corrected (its
 /// native response); kVerify is the panel as it is to be used, and only it decides the verdict.
-enum class PatchRole { kWarmUp, kBlack, kWhite, kPrimary, kGray, kVerify };
+enum class PatchRole { kWarmUp, kBlack, kWhite, kPrimary, kGray, kVerify, kOther };
 
 enum class MonitorState { kCalibrated, kUnchanged, kRestored, kUnknown };
 

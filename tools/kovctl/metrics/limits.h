@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#ifndef L5KOV_TOOLS_KOVCTL_METRICS_LIMITS_H_
+#define L5KOV_TOOLS_KOVCTL_METRICS_LIMITS_H_
+
+#include <span>
+#include <string_view>
+
+namespace kovctl {
+
+/// What a limit is about. The verdict lists them in this order.
+enum class Quantity {
+  kContrastResponse,  ///< largest deviation over the 18 points, share
+  kLuminanceRatio,    ///< white to black with the room's light
+  kAmbientRatio,      ///< room light to black
+  kMaximumLuminance,  ///< the screen's own white, cd/m²
+  kWhiteLevel,        ///< deviation of the white from its target, share
+  kWhitePoint,        ///< Δu′v′ from the target
+  kGrayTracking,      ///< largest Δu′v′ of the grays from the white
+};
+
+inline constexpr int kQuantities = 7;
+
+enum class Bound { kAtMost, kAtLeast };
+
+struct Limit {
+  Quantity quantity;
+  Bound bound;
+  double value;
+  std::string_view source;
+};
+
+struct LimitsProfile {
+  std::string_view name;   ///< for command lines and records
+  std::string_view title;  ///< for people
+  std::span<const Limit> limits;
+};
+
+/// All profiles, in the order in which they are offered. Every number names where it was found;
+/// what the standards limit beyond these numbers is not judged.
+std::span<const LimitsProfile> limitsProfiles();
+
+/// Null when there is none of this name.
+const LimitsProfile* findLimits(std::string_view name);
+
+inline constexpr std::string_view kDefaultLimits = "tg270-diagnostic";
+
+}  // namespace kovctl
+
+#endif  // L5KOV_TOOLS_KOVCTL_METRICS_LIMITS_H_

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: MIT
+#include "metrics/verdict.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+namespace kovctl {
+namespace {
+
+std::optional<double> magnitude(const std::optional<double>& value) {
+  return value ? std::optional<double>(std::abs(*value)) : std::nullopt;
+}
+
+std::optional<double> valueOf(Quantity quantity, const Evaluation& e) {
+  switch (quantity) {
+    case Quantity::kContrastResponse:
+      return e.deciding ? e.deciding->largestDeviation : std::nullopt;
+    case Quantity::kLuminanceRatio:
+      return e.luminanceRatio;
+    case Quantity::kAmbientRatio:
+      return e.ambientRatio;
+    case Quantity::kMaximumLuminance:
+      return e.lmax;
+    case Quantity::kWhiteLevel:
+      return magnitude(e.lmaxDeviation);
+    case Quantity::kWhitePoint:
+      return e.whiteDistance;
+    case Quantity::kGrayTracking:
+      return e.largestGrayDistance;
+  }
+  return std::nullopt;
+}
+
+std::string whyAbsent(Quantity quantity, const RunRecord& record) {
+  switch (quantity) {
+    case Quantity::kContrastResponse:
+      return record.target.function == DisplayFunction::kNative
+                 ? "the native function has no target curve"
+                 : "the 18 deciding levels were not all measured";
+    case Quantity::kAmbientRatio:
+      return record.target.ambient ? "the black was not measured"
+                                   : "the ambient light is not known";
+    case Quantity::kWhiteLevel:
+      return record.target.lmax > 0.0 ? "the white was not measured"
+                                      : "the target has no maximum luminance";
+    case Quantity::kWhitePoint:
+      return record.target.white ? "the white's colour was not measured"
+                                 : "the target has no white point";
+    case Quantity::kGrayTracking:
+      return "the grays' colours were not measured";
+    case Quantity::kLuminanceRatio:
+    case Quantity::kMaximumLuminance:
+      break;
+  }
+  return "black and white were not both measured";
+}
+
+const Limit* limitOn(Quantity quantity, const LimitsProfile* profile) {
+  if (profile)
+    for (const Limit& limit : profile->limits)
+      if (limit.quantity == quantity) return &limit;
+  return nullptr;
+}
+
+// The limits on contrast response are about the grayscale standard display function.
+bool limitCounts(Quantity quantity, const RunRecord& record) {
+  return quantity != Quantity::kContrastResponse ||
+         record.target.function == DisplayFunction::kDicom;
+}
+
+Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation& evaluation,
+                   const LimitsProfile* profile) {
+  Criterion criterion;
+  criterion.quantity = quantity;
+  criterion.value = valueOf(quantity, evaluation);
+  if (!criterion.value) criterion.note = whyAbsent(quantity, record);
+  const Limit* limit = limitOn(quantity, profile);
+  if (!limit) {
+    if (criterion.value) criterion.note = "no limit in this profile";
+    return criterion;
+  }
+  if (!limitCounts(quantity, record)) {
+    criterion.note = "the limit is for the DICOM function only";
+    return criterion;
+  }
+  criterion.limit = *limit;
+  if (!criterion.value) return criterion;
+  const bool within = limit->bound == Bound::kAtMost ? *criterion.value <= limit->value
+                                                     : *criterion.value >= limit->value;
+  criterion.outcome = within ? Outcome::kPass : Outcome::kFail;
+  return criterion;
+}
+
+void conclude(const RunRecord& record, Verdict& verdict) {
+  int passed = 0;
+  int failed = 0;
+  for (const Criterion& criterion : verdict.criteria) {
+    passed += criterion.outcome == Outcome::kPass;
+    failed += criterion.outcome == Outcome::kFail;
+  }
+  const Criterion& contrast = verdict.criteria.front();
+  if (record.result.canceled) {
+    verdict.reason = "The run was canceled; nothing is judged.";
+  } else if (record.result.error) {
+    verdict.reason = "The run failed; nothing is judged.";
+  } else if (!verdict.profile) {
+    verdict.reason = record.limitsProfile.empty()
+                         ? "No limits were chosen; nothing is judged."
+                         : "The limits profile is not known here; nothing is judged.";
+  } else if (failed > 0) {
+    verdict.outcome = Outcome::kFail;
+    verdict.reason = fmt::format("{} of {} limits not met.", failed, passed + failed);
+  } else if (passed == 0 || (contrast.limit && !contrast.value)) {
+    verdict.reason = "Too little was measured to judge.";
+  } else {
+    verdict.outcome = Outcome::kPass;
+    verdict.reason = passed == 1 ? "The one limit that applies is met."
+                                 : fmt::format("All {} limits that apply are met.", passed);
+  }
+}
+
+}  // namespace
+
+Verdict judge(const RunRecord& record, const Evaluation& evaluation) {
+  Verdict verdict;
+  verdict.profile = findLimits(record.limitsProfile);
+  for (int i = 0; i < kQuantities; ++i)
+    verdict.criteria.push_back(
+        judgeOne(static_cast<Quantity>(i), record, evaluation, verdict.profile));
+  conclude(record, verdict);
+  return verdict;
+}
+
+std::string_view nameOf(Quantity quantity) {
+  switch (quantity) {
+    case Quantity::kContrastResponse:
+      return "Contrast response, largest deviation";
+    case Quantity::kLuminanceRatio:
+      return "Luminance ratio";
+    case Quantity::kAmbientRatio:
+      return "Ambient ratio";
+    case Quantity::kMaximumLuminance:
+      return "Maximum luminance";
+    case Quantity::kWhiteLevel:
+      return "Maximum luminance, deviation from target";
+    case Quantity::kWhitePoint:
+      return "White point, Δu′v′ from target";
+    case Quantity::kGrayTracking:
+      return "Gray tracking, largest Δu′v′";
+  }
+  return "";
+}
+
+std::string formatValue(Quantity quantity, double value) {
+  switch (quantity) {
+    case Quantity::kContrastResponse:
+    case Quantity::kWhiteLevel:
+      return fmt::format("{:.2f} %", value * 100.0);
+    case Quantity::kLuminanceRatio:
+      return fmt::format("{:.1f}", value);
+    case Quantity::kAmbientRatio:
+      return fmt::format("{:.2f}", value);
+    case Quantity::kMaximumLuminance:
+      return fmt::format("{:.2f} cd/m²", value);
+    case Quantity::kWhitePoint:
+    case Quantity::kGrayTracking:
+      return fmt::format("{:.4f}", value);
+  }
+  return fmt::format("{}", value);
+}
+
+std::string formatLimit(const Limit& limit) {
+  const std::string_view sign = limit.bound == Bound::kAtMost ? "≤" : "≥";
+  switch (limit.quantity) {
+    case Quantity::kContrastResponse:
+    case Quantity::kWhiteLevel:
+      return fmt::format("{} {:.3g} %", sign, limit.value * 100.0);
+    case Quantity::kMaximumLuminance:
+      return fmt::format("{} {:.4g} cd/m²", sign, limit.value);
+    case Quantity::kLuminanceRatio:
+    case Quantity::kAmbientRatio:
+    case Quantity::kWhitePoint:
+    case Quantity::kGrayTracking:
+      break;
+  }
+  return fmt::format("{} {:.3g}", sign, limit.value);
+}
+
+}  // namespace kovctl
