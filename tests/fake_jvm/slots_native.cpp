@@ -1,10 +1,20 @@
 // SPDX-License-Identifier: MIT
 // Registration of native methods, and the way to the virtual machine.
+#include <algorithm>
+
 #include "tests/fake_jvm/entry.h"
 #include "tests/fake_jvm/slots.h"
 
 namespace fakejvm {
 namespace {
+
+constexpr const char* kNoMethod = "java/lang/NoSuchMethodError";
+
+// "Method pkg.Callbacks.run()V not found"
+std::string notFound(std::string className, const JNINativeMethod& method) {
+  std::replace(className.begin(), className.end(), '/', '.');
+  return "Method " + className + "." + method.name + method.signature + " not found";
+}
 
 jint JNICALL registerNatives(JNIEnv* env, jclass clazz, const JNINativeMethod* methods,
                              jint count) {
@@ -12,11 +22,11 @@ jint JNICALL registerNatives(JNIEnv* env, jclass clazz, const JNINativeMethod* m
   const auto className = call.className(clazz);
   call.log(className.value_or("null") + " " + std::to_string(count));
   if (!className) return JNI_ERR;
-  if (call.fails("java/lang/NoSuchMethodError", methods[0].name)) return JNI_ERR;
+  if (call.fails(kNoMethod, count > 0 ? notFound(*className, methods[0]) : "")) return JNI_ERR;
   for (jint i = 0; i < count; ++i) {
     const JNINativeMethod& method = methods[i];
     if (call.machine.classes.isMissing(*className, method.name, method.signature)) {
-      call.raise("java/lang/NoSuchMethodError", method.name);
+      call.raise(kNoMethod, notFound(*className, method));
       return JNI_ERR;
     }
     if (method.fnPtr == nullptr) call.problem(std::string("null entry: ") + method.name);

@@ -98,7 +98,7 @@ TEST_F(FakeFault, RegisterNativesIsRefused) {
   const JNINativeMethod method{name, signature, reinterpret_cast<void*>(+[] {})};
   failNext();
   EXPECT_LT(env->RegisterNatives(clazz, &method, 1), 0);
-  EXPECT_EQ(taken(), "java/lang/NoSuchMethodError: run");
+  EXPECT_EQ(taken(), "java/lang/NoSuchMethodError: Method pkg.Thing.run()V not found");
   EXPECT_FALSE(jvm->hasNative("run"));
 }
 

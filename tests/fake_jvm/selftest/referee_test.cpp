@@ -231,6 +231,7 @@ TEST(FakeXcheck, CallWithAnExceptionPending) {
   s.env->FindClass("pkg/Osd");
   s.env->PushLocalFrame(1);
   s.env->PopLocalFrame(nullptr);
+  s.env->IsSameObject(s.object, s.object);
   s.env->ExceptionClear();
   s.env->FindClass("pkg/Osd");
   EXPECT_EQ(s.jvm->xcheckWarnings(),
