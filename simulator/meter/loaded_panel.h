@@ -8,8 +8,9 @@ namespace simmeter {
 struct LoadedPanel {
   int (*show)(const char* serial, double red, double green, double blue) = nullptr;
   int (*measure)(const char* serial, double reading[3]) = nullptr;
+  int (*signal)(const char* serial, double signal[4]) = nullptr;
 
-  bool isThere() const { return show != nullptr && measure != nullptr; }
+  bool isThere() const { return show != nullptr && measure != nullptr && signal != nullptr; }
 };
 
 /// Looks for the copy that is already there and never loads one: a second copy would have panels of

@@ -13,6 +13,7 @@ LoadedPanel findLoadedPanel() {
   if (library != nullptr) {
     panel.show = reinterpret_cast<decltype(panel.show)>(dlsym(library, "kovpanel_show"));
     panel.measure = reinterpret_cast<decltype(panel.measure)>(dlsym(library, "kovpanel_measure"));
+    panel.signal = reinterpret_cast<decltype(panel.signal)>(dlsym(library, "kovpanel_signal"));
   }
   return panel;
 }

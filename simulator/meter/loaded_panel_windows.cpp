@@ -21,6 +21,7 @@ LoadedPanel findLoadedPanel() {
   if (GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN, L"kovpanel.dll", &library) != 0) {
     panel.show = find<decltype(panel.show)>(library, "kovpanel_show");
     panel.measure = find<decltype(panel.measure)>(library, "kovpanel_measure");
+    panel.signal = find<decltype(panel.signal)>(library, "kovpanel_signal");
   }
   return panel;
 }

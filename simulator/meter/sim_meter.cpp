@@ -100,6 +100,17 @@ int MDSimMeasure(void* device, double* luminance, double* x, double* y) {
   return code;
 }
 
+int MDSimSignal(void* device, double signal[4]) {
+  if (device == nullptr || signal == nullptr) {
+    return MDSIM_BAD_ARGUMENT;
+  }
+  Instrument& instrument = *instrumentOf(device);
+  if (!hasPanel(instrument)) {
+    return MDSIM_NO_PANEL_LIBRARY;
+  }
+  return fromPanel(instrument.panel.signal(instrument.monitor.c_str(), signal));
+}
+
 const char* MDSimErrorText(int code) {
   switch (code) {
     case MDSIM_OK:

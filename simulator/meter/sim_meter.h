@@ -37,6 +37,9 @@ void MDSimClose(void* device);
 int MDSimShowPatch(void* device, double red, double green, double blue);
 /// Luminance in cd/m² and CIE 1931 x, y. Untouched unless the answer is MDSIM_OK.
 int MDSimMeasure(void* device, double* luminance, double* x, double* y);
+/// How the panel is driven: three channels behind its look-up table and the backlight's share, each
+/// 0 to 1. For a host whose instrument brings a panel's physics of its own.
+int MDSimSignal(void* device, double signal[4]);
 /// A sentence for one of the codes above.
 const char* MDSimErrorText(int code);
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "kov_panel.h"
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 #include <map>
 #include <mutex>
@@ -152,6 +154,17 @@ int kovpanel_emission(const char* serial, double emission[3]) {
   }
   return withPanel(serial, [=](Panel& panel) {
     store(panel.emission(), emission);
+    return KOVPANEL_OK;
+  });
+}
+
+int kovpanel_signal(const char* serial, double signal[4]) {
+  if (signal == nullptr) {
+    return KOVPANEL_BAD_ARGUMENT;
+  }
+  return withPanel(serial, [=](Panel& panel) {
+    const std::array<double, 4> now = panel.signal();
+    std::copy(now.begin(), now.end(), signal);
     return KOVPANEL_OK;
   });
 }

@@ -64,6 +64,9 @@ int kovpanel_show(const char* serial, double red, double green, double blue);
 int kovpanel_measure(const char* serial, double reading[3]);
 /// What the screen emits at this moment, without noise and without taking time.
 int kovpanel_emission(const char* serial, double emission[3]);
+/// How the panel is driven at this moment: the three channels behind the look-up table and the
+/// backlight's share, each 0 to 1. For instruments that bring a panel's physics of their own.
+int kovpanel_signal(const char* serial, double signal[4]);
 
 /// The panel's own clock, in seconds since it was registered. Nothing but patches, measurements and
 /// waiting moves it, so the same calls give the same readings on every machine.

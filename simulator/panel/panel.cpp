@@ -106,6 +106,10 @@ Reading Panel::emission() const {
   return {light.Y, chromaticityOf(light, {made.whiteX, made.whiteY})};
 }
 
+std::array<double, 4> Panel::signal() const {
+  return {drive(0), drive(1), drive(2), backlights[activeTable]};
+}
+
 double Panel::drive(std::size_t channel) const {
   const Curve& curve = tables[activeTable][channel];
   if (curve.empty()) {

@@ -41,6 +41,8 @@ class Panel {
   void show(const std::array<double, 3>& components);
   Reading measure();
   Reading emission() const;
+  /// The patch behind the look-up table, per channel, and the backlight's share.
+  std::array<double, 4> signal() const;
 
   void wait(double seconds) { elapsed += seconds; }
   double clock() const { return elapsed; }
