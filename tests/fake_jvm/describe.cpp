@@ -58,9 +58,10 @@ std::string displayName(const ObjectRef& object) {
 }
 
 std::string quoted(const std::string& text) {
-  if (text.size() <= kLongText) return "\"" + escaped(text) + "\"";
-  return "\"" + escaped(text.substr(0, kShownOfLongText)) + "...\"(" + std::to_string(text.size()) +
-         " bytes)";
+  std::string result = "\"";
+  if (text.size() <= kLongText) return result.append(escaped(text)).append("\"");
+  result.append(escaped(text.substr(0, kShownOfLongText))).append("...\"(");
+  return result.append(std::to_string(text.size())).append(" bytes)");
 }
 
 std::string numberText(double value) {
@@ -71,8 +72,9 @@ std::string numberText(double value) {
 
 std::string numbersText(const double* values, std::size_t count) {
   std::string text = "[";
-  for (std::size_t i = 0; i < count; ++i) text += (i > 0 ? "," : "") + numberText(values[i]);
-  return text + "]";
+  for (std::size_t i = 0; i < count; ++i)
+    text.append(i > 0 ? "," : "").append(numberText(values[i]));
+  return text.append("]");
 }
 
 std::string valueText(const Value& value) {
@@ -93,8 +95,9 @@ std::string valueText(const Value& value) {
 
 std::string argumentsText(const std::vector<Value>& args) {
   std::string text = "(";
-  for (std::size_t i = 0; i < args.size(); ++i) text += (i > 0 ? "," : "") + valueText(args[i]);
-  return text + ")";
+  for (std::size_t i = 0; i < args.size(); ++i)
+    text.append(i > 0 ? "," : "").append(valueText(args[i]));
+  return text.append(")");
 }
 
 }  // namespace fakejvm

@@ -2,20 +2,13 @@
 // Calls of Java members: each result type in its three argument forms, on objects and classes.
 #include <algorithm>
 #include <cstdarg>
-#include <cstddef>
 
 #include "tests/fake_jvm/java_call.h"
+#include "tests/fake_jvm/slot_name.h"
 #include "tests/fake_jvm/slots.h"
 
 namespace fakejvm {
 namespace {
-
-// A slot's name as a template argument.
-template <std::size_t N>
-struct Name {
-  char text[N]{};
-  constexpr Name(const char (&source)[N]) { std::copy_n(source, N, text); }
-};
 
 // Keeps a copy of a va_list, which cannot be captured itself.
 struct ListCopy {
@@ -75,7 +68,7 @@ R resultOf(const jvalue& raw) {
 }
 
 // The three slots of one result type. Target is jobject for instance members, jclass for static.
-template <typename R, typename Target, Name kList, Name kVaList, Name kArray>
+template <typename R, typename Target, SlotName kList, SlotName kVaList, SlotName kArray>
 struct CallSlots {
   static constexpr Member::Kind kKind =
       std::is_same_v<Target, jclass> ? Member::Kind::kStatic : Member::Kind::kInstance;

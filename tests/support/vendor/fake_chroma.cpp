@@ -6,9 +6,9 @@
 
 namespace kovtest {
 
-FakeChroma& fakeChroma() {
+extern "C" FakeChroma* l5kov_fake_chroma() {
   static FakeChroma chroma;
-  return chroma;
+  return &chroma;
 }
 
 }  // namespace kovtest

@@ -4,9 +4,9 @@
 
 namespace kovtest {
 
-FakeMeter& fakeMeter() {
+extern "C" FakeMeter* l5kov_fake_meter() {
   static FakeMeter meter;
-  return meter;
+  return &meter;
 }
 
 }  // namespace kovtest
