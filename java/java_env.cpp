@@ -19,11 +19,18 @@ constexpr const char* kThreadEnding = "Java is no longer available: the thread i
 
 }  // namespace
 
+struct EnvOfThread {
+  static JavaEnv* get() {
+    // When the constructor throws, the next call on this thread tries again.
+    thread_local JavaEnv javaEnv;
+    return &javaEnv;
+  }
+  static void release(JavaEnv& javaEnv) { javaEnv.release(); }
+};
+
 JavaEnv* Env() {
   if (threadMark().ended) throw std::logic_error(kThreadEnding);
-  // When the constructor throws, the next call on this thread tries again.
-  thread_local JavaEnv javaEnv;
-  return &javaEnv;
+  return EnvOfThread::get();
 }
 
 JavaEnv* readyEnv() {
@@ -35,7 +42,7 @@ JavaEnv* readyEnv() {
 void DeleteJavaVM() {
   // Kept: the virtual machine is never destroyed; a process cannot have a second one.
   if (JvmLibrary::instance().runningVm() == nullptr) return;
-  Env()->release();
+  EnvOfThread::release(*Env());
 }
 
 JavaEnv::JavaEnv() {

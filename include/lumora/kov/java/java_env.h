@@ -67,8 +67,9 @@ class L5KOV_API JavaEnv {
   JNIEnv** cell() const noexcept { return env_.get(); }
 
  private:
-  friend JavaEnv* Env();
-  friend void DeleteJavaVM();
+  // Env() and DeleteJavaVM(). Not friends themselves: mingw's compiler would forget that they are
+  // imported.
+  friend struct EnvOfThread;
 
   JavaEnv();
   void release();
