@@ -10,6 +10,7 @@
 
 namespace fs = std::filesystem;
 
+#ifndef _WIN32
 namespace {
 
 void writeCharacters(const fs::path& file) {
@@ -29,6 +30,7 @@ void writeNumbers(const fs::path& file, const char* point) {
 }
 
 }  // namespace
+#endif
 
 ForeignLocale::ForeignLocale(Point point) : before(std::setlocale(LC_NUMERIC, nullptr)) {
   const std::string wanted = point == kComma ? "," : "\xd9\xab";
