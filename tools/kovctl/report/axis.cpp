@@ -1,0 +1,121 @@
+// SPDX-License-Identifier: MIT
+#include "report/axis.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace kovctl {
+namespace {
+
+constexpr double kDay = 86400.0;
+constexpr double kTolerance = 1e-9;
+
+// The smallest of 1, 2, 5 times a power of ten that is not below `value`.
+double roundStep(double value) {
+  const double power = std::pow(10.0, std::floor(std::log10(value)));
+  for (const double digit : {1.0, 2.0, 5.0})
+    if (digit * power >= value * (1.0 - kTolerance)) return digit * power;
+  return 10.0 * power;
+}
+
+// The largest of 1, 2, 5 times a power of ten that is not above `value`.
+double roundDown(double value) {
+  const double power = std::pow(10.0, std::floor(std::log10(value) + kTolerance));
+  for (const double digit : {5.0, 2.0})
+    if (digit * power <= value * (1.0 + kTolerance)) return digit * power;
+  return power;
+}
+
+std::string dateLabel(double seconds) {
+  // Civil date of a day number, after Howard Hinnant's "chrono-compatible low-level date
+  // algorithms"; std::chrono prints nothing in this compiler.
+  const auto days = static_cast<long long>(std::floor(seconds / kDay)) + 719468;
+  const long long era = (days >= 0 ? days : days - 146096) / 146097;
+  const long long dayOfEra = days - era * 146097;
+  const long long yearOfEra =
+      (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
+  const long long dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
+  const long long shifted = (5 * dayOfYear + 2) / 153;
+  const long long day = dayOfYear - (153 * shifted + 2) / 5 + 1;
+  const long long month = shifted < 10 ? shifted + 3 : shifted - 9;
+  return fmt::format("{:04}-{:02}-{:02}", yearOfEra + era * 400 + (month <= 2 ? 1 : 0), month, day);
+}
+
+}  // namespace
+
+std::string formatNumber(double value) {
+  const std::string text = fmt::format("{:.6g}", value == 0.0 ? 0.0 : value);
+  return text.front() == '-' ? "−" + text.substr(1) : text;
+}
+
+Axis Axis::linear(double low, double high, int ticks) {
+  if (!(high > low)) {
+    const double margin = std::max(std::abs(low) * 0.1, 0.5);
+    low -= margin;
+    high += margin;
+  }
+  const double step = roundStep((high - low) / ticks);
+  return fixed(std::floor(low / step + kTolerance) * step,
+               std::ceil(high / step - kTolerance) * step, step);
+}
+
+Axis Axis::fixed(double low, double high, double step, int labelEvery) {
+  Axis axis(Scale::kLinear, low, high);
+  const auto first = static_cast<long long>(std::ceil(low / step - kTolerance));
+  const auto last = static_cast<long long>(std::floor(high / step + kTolerance));
+  for (long long i = first; i <= last; ++i) {
+    const double value = static_cast<double>(i) * step;
+    axis.marks.push_back({value, i % labelEvery == 0 ? formatNumber(value) : std::string()});
+  }
+  return axis;
+}
+
+Axis Axis::logarithmic(double low, double high) {
+  double bottom = roundDown(low);
+  double top = roundStep(high);
+  if (!(top > bottom)) {
+    bottom /= 10.0;
+    top *= 10.0;
+  }
+  Axis axis(Scale::kLogarithmic, bottom, top);
+  const double decades = std::log10(top / bottom);
+  for (double power = std::pow(10.0, std::floor(std::log10(bottom) + kTolerance));
+       power <= top * (1.0 + kTolerance); power *= 10.0) {
+    for (int digit = 1; digit <= 9; ++digit) {
+      const double value = digit * power;
+      if (value < bottom * (1.0 - kTolerance) || value > top * (1.0 + kTolerance)) continue;
+      const bool labelled = digit == 1 || (decades <= 5.0 && (digit == 2 || digit == 5));
+      axis.marks.push_back({value, labelled ? formatNumber(value) : std::string()});
+    }
+  }
+  return axis;
+}
+
+Axis Axis::time(double low, double high) {
+  constexpr double kSteps[] = {1.0, 2.0, 7.0, 14.0, 30.0, 61.0, 91.0, 182.0, 365.0, 730.0, 1826.0};
+  constexpr double kMostTicks = 6.0;
+  double from = std::floor(low / kDay);
+  double to = std::ceil(high / kDay);
+  if (!(to > from)) {
+    from -= 1.0;
+    to += 1.0;
+  }
+  const auto fits = [&](double step) { return (to - from) / step <= kMostTicks; };
+  const auto* found = std::find_if(std::begin(kSteps), std::end(kSteps), fits);
+  const double step = found == std::end(kSteps) ? std::ceil((to - from) / kMostTicks) : *found;
+  const double margin = 0.03 * (to - from);
+  Axis axis(Scale::kTime, (from - margin) * kDay, (to + margin) * kDay);
+  for (double day = from; day <= to; day += step)
+    axis.marks.push_back({day * kDay, dateLabel(day * kDay)});
+  return axis;
+}
+
+double Axis::position(double value) const {
+  if (kind == Scale::kLogarithmic) return std::log(value / from) / std::log(to / from);
+  return (value - from) / (to - from);
+}
+
+}  // namespace kovctl

@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "report/html.h"
+
+#include <cstddef>
+
+namespace kovctl {
+namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+// The length of the UTF-8 sequence at the start of `text`, or 0 when there is none. Overlong forms,
+// surrogates and numbers beyond U+10FFFF are none.
+std::size_t sequenceLength(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char first = byte(0);
+  if (first < 0x80) return 1;
+  const std::size_t length = first >= 0xF0 ? 4 : first >= 0xE0 ? 3 : 2;
+  if (first < 0xC2 || first > 0xF4 || text.size() < length) return 0;
+  for (std::size_t i = 1; i < length; ++i)
+    if ((byte(i) & 0xC0) != 0x80) return 0;
+  const unsigned char second = byte(1);
+  if ((first == 0xE0 && second < 0xA0) || (first == 0xED && second > 0x9F)) return 0;
+  if ((first == 0xF0 && second < 0x90) || (first == 0xF4 && second > 0x8F)) return 0;
+  return length;
+}
+
+bool isControl(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte < 0x20 && c != '\t' && c != '\n') || byte == 0x7F;
+}
+
+void appendByte(std::string& out, char c) {
+  switch (c) {
+    case '&':
+      out += "&amp;";
+      break;
+    case '<':
+      out += "&lt;";
+      break;
+    case '>':
+      out += "&gt;";
+      break;
+    case '"':
+      out += "&quot;";
+      break;
+    case '\'':
+      out += "&#39;";
+      break;
+    default:
+      if (isControl(c))
+        out += kReplacement;
+      else
+        out += c;
+  }
+}
+
+}  // namespace
+
+std::string escapeHtml(std::string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  while (!text.empty()) {
+    const std::size_t length = sequenceLength(text);
+    if (length == 0)
+      out += kReplacement;
+    else if (length == 1)
+      appendByte(out, text[0]);
+    else
+      out += text.substr(0, length);
+    text.remove_prefix(length == 0 ? 1 : length);
+  }
+  return out;
+}
+
+std::string outsideText(std::string_view text) {
+  if (text.empty()) return "<span class=\"none\">–</span>";
+  return "<bdi>" + escapeHtml(text) + "</bdi>";
+}
+
+std::string escapeJsonForScript(std::string_view json) {
+  std::string out;
+  out.reserve(json.size());
+  // These stand only inside JSON strings, where the escape means the same.
+  for (const char c : json) {
+    if (c == '<')
+      out += "\\u003c";
+    else if (c == '>')
+      out += "\\u003e";
+    else if (c == '&')
+      out += "\\u0026";
+    else
+      out += c;
+  }
+  return out;
+}
+
+}  // namespace kovctl
