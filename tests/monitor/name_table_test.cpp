@@ -152,7 +152,7 @@ TEST_F(NameTable, WhiteSpaceInsideATextCounts) {
 TEST_F(NameTable, MalformedFileGivesNoPackageForEveryModel) {
   const std::string good = table(package("Alpha", model("L5-X240")));
   for (const std::string& text :
-       {std::string(), std::string("no markup"), good.substr(0, good.size() - 5), good + "</a>",
+       {std::string(), std::string("no markup"), good.substr(0, good.size() - 5), std::string("<KovMonitorName a=b/>"),
         std::string(1, '\0') + good, table(package("Alpha", model("L5-X240") + "</Model>")),
         std::string("<KovMonitorName>")}) {
     write(text);
@@ -174,7 +174,7 @@ TEST_F(NameTable, DirectoryOfThatNameGivesNoPackage) {
 
 TEST_F(NameTable, LargeTableIsRead) {
   std::string models;
-  for (int i = 0; i < 20000; ++i) models += model("M" + std::to_string(i));
+  for (int i = 0; i < 20000; ++i) models += model(std::string("M").append(std::to_string(i)));
   write(table(package("Large", models)));
   EXPECT_EQ(packageOf("M0"), "Large");
   EXPECT_EQ(packageOf("M19999"), "Large");
