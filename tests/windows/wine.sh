@@ -7,7 +7,8 @@
 # folder as on other systems, and tests can run side by side; default C:\ProgramData. This is a
 # setting of the prefix: the library asks the shell and knows no variable.
 #
-# DLLs are found in the folders of PATH and LD_LIBRARY_PATH that hold some.
+# DLLs are found in the folders of PATH and LD_LIBRARY_PATH that hold some, then where the build tree
+# has those that the program was linked with (dll_folders.cmake).
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 export WINEPREFIX=${WINEPREFIX:-$root/build/wine-prefix}
@@ -42,9 +43,11 @@ dll_folders=
 while IFS= read -r -d : folder; do
   if compgen -G "$folder/*.dll" >/dev/null; then dll_folders+="$(windows_path "$folder");"; fi
 done <<<"$PATH:${LD_LIBRARY_PATH:-}:"
-# Test discovery runs programs without their environment: any of the vendor stand-ins does there.
-stand_ins=$(dirname "${1:-.}")/../tests/support/vendor
-if [ -d "$stand_ins" ]; then dll_folders+="$(windows_path "$(cd "$stand_ins" && pwd)");"; fi
+if [ -e "${1:-}.dlls" ]; then
+  while IFS= read -r dll; do
+    [ -z "$dll" ] || dll_folders+="$(windows_path "${dll%/*}");"
+  done <"$1.dlls"
+fi
 export WINEPATH=$dll_folders${WINEPATH:-}
 
 L5KOV_COMMON_APPDATA=$(windows_path "${L5KOV_COMMON_APPDATA:-C:\\ProgramData}")

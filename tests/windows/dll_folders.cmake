@@ -1,0 +1,17 @@
+# SPDX-License-Identifier: MIT
+# What a run path is on other systems: beside each program of the build tree, PROGRAM.exe.dlls lists
+# the build tree's DLLs that it is linked with. wine.sh reads it.
+function(l5kov_write_dll_lists folder)
+  get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
+  foreach(target IN LISTS targets)
+    get_target_property(type ${target} TYPE)
+    if(type STREQUAL "EXECUTABLE")
+      file(GENERATE OUTPUT $<TARGET_FILE:${target}>.dlls TARGET ${target}
+        CONTENT "$<JOIN:$<TARGET_RUNTIME_DLLS:${target}>,\n>\n")
+    endif()
+  endforeach()
+  get_property(folders DIRECTORY ${folder} PROPERTY SUBDIRECTORIES)
+  foreach(subfolder IN LISTS folders)
+    l5kov_write_dll_lists(${subfolder})
+  endforeach()
+endfunction()
