@@ -51,8 +51,8 @@ public final class AccuracyTest {
     SimulatedMonitor monitor = Lab.monitor(Lab.COLOUR);
     Lab.calibrate(monitor, Lab.target("Dicom 14"));
     double deviation = ContrastResponse.largestDeviation(Lab.seen(monitor, AMBIENT));
-    Check.atLeast(0.02, deviation, "largest contrast deviation");
-    Check.atMost(0.15, deviation, "largest contrast deviation");
+    Check.atLeast(0.03, deviation, "largest contrast deviation");
+    Check.atMost(0.10, deviation, "largest contrast deviation");
   }
 
   public static void anyNumberOfLevelsWillDo() throws IOException {
@@ -62,7 +62,7 @@ public final class AccuracyTest {
       monitor.performCalibration(
           Lab.at(0, Lab.target("Dicom 14")), false, levels, false, "", new Instrument(monitor));
       double deviation = ContrastResponse.largestDeviation(Lab.seen(monitor, AMBIENT));
-      Check.atMost(levels < 9 ? 0.5 : 0.15, deviation, levels + " levels");
+      Check.atMost(levels < 9 ? 0.25 : 0.03, deviation, levels + " levels");
     }
   }
 

@@ -22,8 +22,7 @@ import java.util.List;
 final class CalibrationSession {
   private final MonitorDevice device;
 
-  // Guarded by this.
-  private boolean running;
+  /** Guarded by this; each calibration begins without. */
   private boolean aborted;
 
   CalibrationSession(MonitorDevice device) {
@@ -32,7 +31,7 @@ final class CalibrationSession {
 
   /** Without a running calibration nothing happens, and the next one is not affected. */
   synchronized void abort() {
-    aborted = running;
+    aborted = true;
     notifyAll();
   }
 
@@ -40,7 +39,6 @@ final class CalibrationSession {
   CalibrationOutcome run(CalibrationOrder order, MeasuringHost host) throws IOException {
     MonitorMemory before = device.begin();
     synchronized (this) {
-      running = true;
       aborted = false;
     }
     boolean kept = false;
@@ -64,9 +62,6 @@ final class CalibrationSession {
   }
 
   private void end(boolean kept, MonitorMemory before) {
-    synchronized (this) {
-      running = false;
-    }
     if (kept) {
       device.keep();
     } else {
