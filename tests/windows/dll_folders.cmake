@@ -6,7 +6,7 @@ function(l5kov_write_dll_lists folder)
   foreach(target IN LISTS targets)
     get_target_property(type ${target} TYPE)
     if(type STREQUAL "EXECUTABLE")
-      file(GENERATE OUTPUT $<TARGET_FILE:${target}>.dlls TARGET ${target}
+      file(GENERATE OUTPUT $<TARGET_FILE:${target}>.dlls
         CONTENT "$<JOIN:$<TARGET_RUNTIME_DLLS:${target}>,\n>\n")
     endif()
   endforeach()
