@@ -58,6 +58,18 @@ TEST_F(MeterTest, ReadsWhatThePanelShows) {
   EXPECT_NEAR(166.0, luminance, 1e-9);
 }
 
+TEST_F(MeterTest, TellsHowThePanelIsDriven) {
+  double signal[4] = {};
+  ASSERT_EQ(MDSIM_OK, MDSimShowPatch(meter.get(), 1.0, 0.0, 0.2));
+  ASSERT_EQ(MDSIM_OK, MDSimSignal(meter.get(), signal));
+  EXPECT_DOUBLE_EQ(1.0, signal[0]);
+  EXPECT_DOUBLE_EQ(0.0, signal[1]);
+  EXPECT_DOUBLE_EQ(0.2, signal[2]);
+  EXPECT_DOUBLE_EQ(1.0, signal[3]);
+  EXPECT_EQ(MDSIM_BAD_ARGUMENT, MDSimSignal(meter.get(), nullptr));
+  EXPECT_EQ(MDSIM_BAD_ARGUMENT, MDSimSignal(nullptr, signal));
+}
+
 TEST_F(MeterTest, UnknownMonitorLeavesTheValuesAlone) {
   const Meter lost(MDSimOpen(163, "SN-7", "nobody"));
   double luminance = -1.0;

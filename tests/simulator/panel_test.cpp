@@ -96,6 +96,21 @@ TEST_F(PanelTest, EachTableHasItsOwnEntriesAndBacklight) {
   EXPECT_NEAR(332.0, gray(1.0), 1e-9);
 }
 
+TEST_F(PanelTest, SignalIsWhatTheTableAndTheBacklightMakeOfThePatch) {
+  std::array<uint16_t, 256> table{};
+  table[128] = 1000;
+  ASSERT_EQ(KOVPANEL_OK, kovpanel_set_table(kSerial, 0, 1, table.data()));
+  ASSERT_EQ(KOVPANEL_OK, kovpanel_set_backlight(kSerial, 0, 0.75));
+  ASSERT_EQ(KOVPANEL_OK, kovpanel_show(kSerial, 1.0, 128.0 / 255.0, 51.0 / 255.0));
+  std::array<double, 4> signal{};
+  ASSERT_EQ(KOVPANEL_OK, kovpanel_signal(kSerial, signal.data()));
+  EXPECT_DOUBLE_EQ(1.0, signal[0]);
+  EXPECT_DOUBLE_EQ(1000.0 / 4095.0, signal[1]);
+  EXPECT_DOUBLE_EQ(0.2, signal[2]);
+  EXPECT_DOUBLE_EQ(0.75, signal[3]);
+  EXPECT_EQ(KOVPANEL_BAD_ARGUMENT, kovpanel_signal(kSerial, nullptr));
+}
+
 TEST_F(PanelTest, ColdPanelBrightensOnItsOwnClockOnly) {
   KovPanelParameters p = medianPanel();
   p.startSeconds = 0.0;
