@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
+#include <typeinfo>
 
 #include "l5kov.h"
 #include "tests/monitor/jni_lines.h"
