@@ -138,11 +138,11 @@ public final class CancelTest {
   }
 
   public static void aProgramThatFailsIsReportedAndTheMonitorIsBack() {
-    for (int where = 0; where < 6; ++where) {
+    for (int where = 0; where < FailingInstrument.OPERATIONS; ++where) {
       Lab.fresh();
       SimulatedMonitor monitor = Lab.monitor(Lab.COLOUR);
       Before before = new Before(monitor);
-      Instrument failing = failingAt(monitor, where);
+      Instrument failing = new FailingInstrument(monitor, where);
       Check.fails(
           UnsupportedOperationException.class, "window closed", () -> calibrate(monitor, failing));
       before.isBack("failed at " + where);
@@ -243,54 +243,6 @@ public final class CancelTest {
         bothRun.countDown();
         await(bothRun);
         return super.reading();
-      }
-    };
-  }
-
-  /** Each of the program's six operations in turn. */
-  private static Instrument failingAt(SimulatedMonitor monitor, int where) {
-    return new Instrument(monitor) {
-      private void fail(int here) {
-        if (here == where) {
-          throw new UnsupportedOperationException("window closed");
-        }
-      }
-
-      @Override
-      public void showTestPattern(int red, int green, int blue) {
-        fail(0);
-        super.showTestPattern(red, green, blue);
-      }
-
-      @Override
-      protected double[] reading() {
-        fail(1);
-        return super.reading();
-      }
-
-      @Override
-      public void progress(int percent) {
-        if (percent == 100) {
-          fail(2);
-        }
-      }
-
-      @Override
-      public boolean finish(List<CalibrationResultValues> results) {
-        fail(3);
-        return true;
-      }
-
-      @Override
-      public String instrumentSerialNumber() {
-        fail(4);
-        return super.instrumentSerialNumber();
-      }
-
-      @Override
-      public int instrumentType() {
-        fail(5);
-        return super.instrumentType();
       }
     };
   }
