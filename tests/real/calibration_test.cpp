@@ -10,8 +10,8 @@ namespace {
 
 using lumora::Monitor;
 using lumora::kov::KovMonitorManager;
-using realtest::Instrument;
 using realtest::Calibration;
+using realtest::Instrument;
 using realtest::Workstation;
 
 TEST(Calibration, RunsFromTheTargetToTheData) {

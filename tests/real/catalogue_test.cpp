@@ -2,12 +2,13 @@
 #include "java/catalogue.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
+#include <cstdlib>
 #include <string>
 #include <vector>
 
 #include "tests/real/support.h"
+#include "tests/real/system.h"
 
 // The catalogue beside the jars, row by row.
 namespace {
@@ -79,7 +80,8 @@ TEST(Catalogue, TheSearchStatesAndTheCallbackClassAreThere) {
   const jclass status = env->FindClass(catalogue::kSearchStatusClass);
   ASSERT_NE(status, nullptr);
   for (const char* name : catalogue::kSearchStatusFields) {
-    EXPECT_NE(env->GetStaticFieldID(status, name, catalogue::kSearchStatusSignature), nullptr) << name;
+    EXPECT_NE(env->GetStaticFieldID(status, name, catalogue::kSearchStatusSignature), nullptr)
+        << name;
   }
   EXPECT_NE(env->FindClass(catalogue::kCallbackClass), nullptr);
 }
@@ -88,14 +90,15 @@ TEST(Catalogue, TheSearchStatesAndTheCallbackClassAreThere) {
 TEST(CrippledJar, TheMissingMemberIsNoticedByName) {
   const Workstation workstation;
   namespace fs = std::filesystem;
-  const fs::path root = fs::temp_directory_path() / ("kov-crippled-" + std::to_string(::getpid()));
-  fs::remove_all(root);
-  fs::copy(Workstation::root(), root, fs::copy_options::recursive | fs::copy_options::copy_symlinks);
-  fs::copy_file(::getenv("L5KOV_TEST_CRIPPLED_JAR"),
+  const fs::path folder = realtest::system::makeFolder();
+  const fs::path root = folder / "crippled";
+  fs::copy(Workstation::root(), root,
+           fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+  fs::copy_file(std::getenv("L5KOV_TEST_CRIPPLED_JAR"),
                 root / "ORVA/Lumora5/plugins/com.orva.lumora.common.monitorcom.kov/external" /
                     "KOVLibrary.jar",
                 fs::copy_options::overwrite_existing);
-  ::setenv("L5KOV_COMMON_APPDATA", root.c_str(), 1);
+  realtest::system::setVariable("L5KOV_COMMON_APPDATA", root.string());
 
   const std::string member =
       "com/orva/kov/library/api/EdidInformation.getSerialNumber()Ljava/lang/String;";
@@ -109,7 +112,8 @@ TEST(CrippledJar, TheMissingMemberIsNoticedByName) {
     EXPECT_EQ(e.getClassName(), "java.lang.NoSuchMethodError");
     EXPECT_EQ(e.what(), member);
   }
-  fs::remove_all(root);
+  std::error_code inUse;  // a loaded library stays on Windows
+  fs::remove_all(folder, inUse);
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <jni.h>
 
 #include <string>
 
 #include "tests/real/support.h"
+#include "tests/real/system.h"
 
 // A host that runs a Java virtual machine of its own.
 namespace {
@@ -17,16 +17,14 @@ class HostMachine {
  public:
   HostMachine() {
     const std::filesystem::path plugins = Workstation::root() / "ORVA/Lumora5/plugins";
-    const std::string library = plugins / "com.orva.lumora.jre/jre/lib/server/libjvm.so";
-    void* module = ::dlopen(library.c_str(), RTLD_NOW);
-    if (module == nullptr) throw std::runtime_error(::dlerror());
     std::string classPath =
         "-Djava.class.path=" +
         (plugins / "com.orva.lumora.common.monitorcom.kov/external/KOVLibrary.jar").string();
     JavaVMOption option = {classPath.data(), nullptr};
     JavaVMInitArgs arguments = {JNI_VERSION_1_8, 1, &option, JNI_FALSE};
-    using Create = jint (*)(JavaVM**, void**, void*);
-    const auto create = reinterpret_cast<Create>(::dlsym(module, "JNI_CreateJavaVM"));
+    using Create = jint(JNICALL*)(JavaVM**, void**, void*);
+    const auto create = reinterpret_cast<Create>(
+        realtest::system::runtimeExport(plugins / "com.orva.lumora.jre/jre", "JNI_CreateJavaVM"));
     if (create(&vm, reinterpret_cast<void**>(&env), &arguments) != JNI_OK) {
       throw std::runtime_error("no machine");
     }

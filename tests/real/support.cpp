@@ -2,12 +2,13 @@
 #include "tests/real/support.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <stdexcept>
 
 #include "simulator/meter/sim_meter.h"
+#include "tests/real/system.h"
 
 namespace realtest {
 namespace {
@@ -22,14 +23,15 @@ void check(int answer) {
 }  // namespace
 
 Workstation::Workstation(const std::string& settings) {
-  std::string pattern = (std::filesystem::temp_directory_path() / "kov-real-XXXXXX").string();
-  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  home = pattern;
-  std::ofstream(home / "simulator.properties") << "search.ms = 0\nnoise = off\n" << settings << '\n';
-  ::setenv("KOV_SIM_HOME", home.c_str(), 1);
+  home = system::makeFolder();
+  std::ofstream(home / "simulator.properties") << "search.ms = 0\nnoise = off\n"
+                                               << settings << '\n';
+  system::setVariable("KOV_SIM_HOME", home.string());
 }
 
-Workstation::~Workstation() { std::filesystem::remove_all(home); }
+Workstation::~Workstation() {
+  std::filesystem::remove_all(home);
+}
 
 void Workstation::order(const std::string& faults) const {
   std::ofstream(home / "faults.properties") << faults;
@@ -41,14 +43,18 @@ lumora::Monitor Workstation::findColourMonitor() {
   return manager.getMonitorByName(kColour.model, kColour.serial);
 }
 
-std::filesystem::path Workstation::root() { return ::getenv("L5KOV_COMMON_APPDATA"); }
+std::filesystem::path Workstation::root() {
+  return std::getenv("L5KOV_COMMON_APPDATA");
+}
 
 Instrument::Instrument(const MonitorName& monitor)
     : meter(MDSimOpen(kDeviceId, kInstrumentSerial, monitor.serial)) {
   if (meter == nullptr) throw std::runtime_error("no instrument");
 }
 
-Instrument::~Instrument() { MDSimClose(meter); }
+Instrument::~Instrument() {
+  MDSimClose(meter);
+}
 
 void Instrument::showColorPatch(lumora::kov::PatchRecord& patch) {
   ++patches;
@@ -63,8 +69,12 @@ void Instrument::measure(void* device, lumora::kov::PatchRecord* patch,
   measurements.push_back({(*patch)[4], (*result)[8]});
 }
 
-void Instrument::progress(double fraction) { fractions.push_back(fraction); }
-void Instrument::notifyEvent(std::string event) { events.push_back(std::move(event)); }
+void Instrument::progress(double fraction) {
+  fractions.push_back(fraction);
+}
+void Instrument::notifyEvent(std::string event) {
+  events.push_back(std::move(event));
+}
 
 Calibration::Calibration(const MonitorName& monitor, int calModeValue)
     : instrument(monitor),
