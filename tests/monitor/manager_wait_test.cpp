@@ -19,7 +19,7 @@ class MonitorSearchWait : public MonitorTest {
     return logicErrorOf([] { KovMonitorManager::get().find(); });
   }
   std::vector<unsigned> waits() const { return StepClock::get().waits(); }
-  long polls() const {
+  std::ptrdiff_t polls() const {
     const Lines calls = jvm.log.javaCalls();
     return std::count(calls.begin(), calls.end(), "library.getSearchStatus()");
   }
