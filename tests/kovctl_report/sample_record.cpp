@@ -45,8 +45,8 @@ class Panel {
     patch.b = b;
     if (r == g && g == b) patch.level = r;
     patch.luminance = luminance * (1.0 + 0.0013 * noise.next()) + 0.0005 * noise.next();
-    patch.chromaticity = Chromaticity{colour.x + 0.0002 * noise.next(),
-                                      colour.y + 0.0002 * noise.next()};
+    patch.chromaticity =
+        Chromaticity{colour.x + 0.0002 * noise.next(), colour.y + 0.0002 * noise.next()};
     patch.time = 2.5 * static_cast<double>(patch.sequence);
     record.patches.push_back(patch);
   }
@@ -119,7 +119,8 @@ void addHistory(RunRecord& record) {
 
 void measureNative(Panel& panel, int grays) {
   constexpr Chromaticity kWhite{0.3127, 0.3293};
-  for (const double warmth : {0.955, 0.985, 0.997}) panel.show(255, 255, 255, 332.0 * warmth, kWhite);
+  for (const double warmth : {0.955, 0.985, 0.997})
+    panel.show(255, 255, 255, 332.0 * warmth, kWhite);
   for (int i = 0; i < 3; ++i) panel.gray(0, Panel::native(0));
   for (int i = 0; i < 3; ++i) panel.gray(255, Panel::native(255));
   panel.show(255, 0, 0, 71.0, {0.64, 0.33});
@@ -167,6 +168,8 @@ RunRecord sampleVerification() {
                PatchRole::kVerify);
   finish(record);
   record.result.monitorState = MonitorState::kUnchanged;
+  record.result.monitorStateText.clear();
+  record.timeline.clear();
   record.warnings = {"The panel has been on for less than 30 minutes."};
   return record;
 }

@@ -81,7 +81,7 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
     return criterion;
   }
   if (!limitCounts(quantity, record)) {
-    criterion.note = "the limit is for the DICOM function only";
+    if (criterion.value) criterion.note = "the limit is for the DICOM function only";
     return criterion;
   }
   criterion.limit = *limit;

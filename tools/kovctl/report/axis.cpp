@@ -96,16 +96,16 @@ Axis Axis::logarithmic(double low, double high) {
 
 Axis Axis::time(double low, double high) {
   constexpr double kSteps[] = {1.0, 2.0, 7.0, 14.0, 30.0, 61.0, 91.0, 182.0, 365.0, 730.0, 1826.0};
-  constexpr double kMostTicks = 6.0;
+  constexpr double kMostSteps = 4.0;
   double from = std::floor(low / kDay);
   double to = std::ceil(high / kDay);
   if (!(to > from)) {
     from -= 1.0;
     to += 1.0;
   }
-  const auto fits = [&](double step) { return (to - from) / step <= kMostTicks; };
+  const auto fits = [&](double step) { return (to - from) / step <= kMostSteps; };
   const auto* found = std::find_if(std::begin(kSteps), std::end(kSteps), fits);
-  const double step = found == std::end(kSteps) ? std::ceil((to - from) / kMostTicks) : *found;
+  const double step = found == std::end(kSteps) ? std::ceil((to - from) / kMostSteps) : *found;
   const double margin = 0.03 * (to - from);
   Axis axis(Scale::kTime, (from - margin) * kDay, (to + margin) * kDay);
   for (double day = from; day <= to; day += step)

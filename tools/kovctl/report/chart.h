@@ -54,8 +54,9 @@ struct Chart {
   std::vector<Series> series;
   std::optional<Band> band;
   std::vector<Ring> rings;
-  double width = 640.0;
-  double height = 340.0;
+  double width = 490.0;  ///< half a page; a wide one has the whole page
+  double height = 300.0;
+  bool levels = false;  ///< x is a gray level, marked in fifteens
   bool interactive = true;
 };
 

@@ -30,6 +30,7 @@ Json toJson(const Chart& chart) {
             {"xLabel", chart.xLabel},
             {"yLabel", chart.yLabel},
             {"time", chart.x.scale() == Scale::kTime},
+            {"levels", chart.levels},
             {"logarithmic", chart.y.scale() == Scale::kLogarithmic},
             {"x", {chart.x.low(), chart.x.high()}},
             {"y", {chart.y.low(), chart.y.high()}},

@@ -52,7 +52,7 @@
   }
 
   function options(chart, width) {
-    const axis = { stroke: colourOf('quiet'), font, labelFont: font, labelSize: 22,
+    const axis = { stroke: colourOf('quiet'), font, labelFont: font, labelSize: 18, labelGap: 0,
                    grid: { stroke: '#e6eaef', width: 1 }, ticks: { stroke: '#c3cad3', width: 1 } };
     return {
       width,
@@ -65,8 +65,9 @@
         y: { distr: chart.logarithmic ? 3 : 1, range: chart.y },
       },
       axes: [
-        Object.assign({ label: chart.xLabel }, axis,
-                      chart.time ? { values: (u, ticks) => ticks.map(day), space: 90 } : {}),
+        Object.assign({ label: chart.xLabel, size: 32 }, axis,
+                      chart.time ? { values: (u, ticks) => ticks.map(day), space: 90 } : {},
+                      chart.levels ? { incrs: [1, 5, 15, 30, 60], space: 40 } : {}),
         Object.assign({ label: chart.yLabel, size: 54 }, axis),
       ],
       series: [{ label: chart.xLabel, value: (u, v) => chart.time ? day(v) : decimals(v) }]

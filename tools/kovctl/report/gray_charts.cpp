@@ -85,6 +85,7 @@ std::optional<Chart> luminanceChart(const RunRecord& record, const Evaluation& e
   chart.id = "luminance";
   chart.title = "Luminance";
   chart.xLabel = "Gray level";
+  chart.levels = true;
   chart.yLabel = "Luminance, cd/m²";
   chart.width = 980.0;
   chart.height = 400.0;
@@ -109,15 +110,16 @@ std::optional<Chart> deviationChart(const Evaluation& evaluation, const Verdict&
   chart.id = "deviation";
   chart.title = "Contrast response, deviation from target";
   chart.xLabel = "Gray level";
+  chart.levels = true;
   chart.yLabel = "Deviation, %";
   chart.x = levelAxis();
   if (evaluation.informing)
     chart.series.push_back(deviationSeries(
-        "informing", fmt::format("{} points (inform)", evaluation.informing->steps.size() + 1),
+        "informing", fmt::format("{} inform", evaluation.informing->steps.size() + 1),
         Mark::kSquares, *evaluation.informing));
   if (evaluation.deciding)
     chart.series.push_back(
-        deviationSeries("measured", "18 points (decide)", Mark::kCircles, *evaluation.deciding));
+        deviationSeries("measured", "18 decide", Mark::kCircles, *evaluation.deciding));
   keepDrawable(chart);
   if (chart.series.empty()) return std::nullopt;
   const Extent extent = extentOfY(chart);
@@ -139,6 +141,7 @@ std::optional<Chart> jndChart(const Evaluation& evaluation) {
   chart.id = "jnd";
   chart.title = "Just noticeable differences per level";
   chart.xLabel = "Gray level";
+  chart.levels = true;
   chart.yLabel = "JND per gray level";
   chart.x = levelAxis();
   if (evaluation.informing)

@@ -81,8 +81,8 @@ std::string renderReport(const RunRecord& record, const std::vector<HistoryPoint
   const std::string script = scriptText();
   std::string html = head(record, style, script);
   html += record.simulated ? "<body class=\"is-simulated\">\n<main>\n" : "<body>\n<main>\n";
-  html += headerSection(view) + verdictSection(view) + targetSection(view) + chartsSection(charts);
-  html += identitySection(view) + timelineSection(view) + historySection(view);
+  html += headerSection(view) + verdictSection(view) + identitySection(view) + targetSection(view);
+  html += chartsSection(charts) + timelineSection(view) + historySection(view);
   html += pointsSection(view) + sourcesSection(view) + versionsSection(view);
   html +=
       "</main>\n<footer>The data of this run is inside this file as JSON (element "

@@ -72,7 +72,7 @@ std::string row(std::string_view name, const std::string& target, const std::str
 }
 
 std::string luminance(const std::optional<double>& value) {
-  return value ? fmt::format("{:.4g} cd/m²", *value) : std::string();
+  return value ? fmt::format("{:.5g} cd/m²", *value) : std::string();
 }
 
 std::string percent(const std::optional<double>& value) {

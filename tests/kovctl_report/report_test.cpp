@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "report/report.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <string>
+
+#include "metrics/verdict.h"
+#include "record/run_record_json.h"
+#include "report/html.h"
+#include "report/sha256.h"
+#include "sample_record.h"
+
+namespace kovctl {
+namespace {
+
+std::size_t count(const std::string& text, const std::string& part) {
+  std::size_t times = 0;
+  for (std::size_t at = text.find(part); at != std::string::npos; at = text.find(part, at + 1))
+    ++times;
+  return times;
+}
+
+// What stands between two texts, the first time.
+std::string between(const std::string& text, const std::string& before, const std::string& after) {
+  const std::size_t begin = text.find(before);
+  if (begin == std::string::npos) return {};
+  const std::size_t from = begin + before.size();
+  return text.substr(from, text.find(after, from) - from);
+}
+
+TEST(Html, EscapesWhatHasAMeaning) {
+  EXPECT_EQ(escapeHtml("<a href=\"x\" b='y'>&</a>"),
+            "&lt;a href=&quot;x&quot; b=&#39;y&#39;&gt;&amp;&lt;/a&gt;");
+  EXPECT_EQ(escapeHtml("Größe ✓ 😀\tb\nc"), "Größe ✓ 😀\tb\nc");
+}
+
+TEST(Html, ReplacesControlsAndWhatIsNotUtf8) {
+  const std::string bad = "\xEF\xBF\xBD";
+  EXPECT_EQ(escapeHtml(std::string("a\0b\x1b\x7f", 5)), "a" + bad + "b" + bad + bad);
+  EXPECT_EQ(escapeHtml("\xFF"), bad);
+  EXPECT_EQ(escapeHtml("\xC0\xAF"), bad + bad) << "an overlong slash";
+  EXPECT_EQ(escapeHtml("\xE2\x82"), bad + bad) << "a cut-off sequence";
+  EXPECT_EQ(escapeHtml("\xED\xA0\x80"), bad + bad + bad) << "a surrogate";
+  EXPECT_EQ(escapeHtml("\xF4\x90\x80\x80"), bad + bad + bad + bad) << "beyond U+10FFFF";
+  EXPECT_EQ(escapeHtml("\xE2\x82<"), bad + bad + "&lt;") << "must not swallow the next sign";
+}
+
+TEST(Html, OutsideTextIsFencedOff) {
+  EXPECT_EQ(outsideText("a<b"), "<bdi>a&lt;b</bdi>");
+  EXPECT_EQ(outsideText(""), "<span class=\"none\">–</span>");
+}
+
+TEST(Html, JsonCannotEndItsElement) {
+  const std::string json = "{\"a\": \"</script><!--<script>&\"}";
+  const std::string escaped = escapeJsonForScript(json);
+  EXPECT_EQ(escaped.find('<'), std::string::npos);
+  EXPECT_EQ(nlohmann::json::parse(escaped), nlohmann::json::parse(json));
+}
+
+// FIPS 180-4's examples, and a million letters.
+TEST(Sha256, GivesThePublishedDigests) {
+  EXPECT_EQ(sha256Hex(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
+  EXPECT_EQ(sha256Hex("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+  EXPECT_EQ(sha256Hex("abcdbcdecdefdefgefghfghighijhijkijkljklmklmnlmnomnopnopq"),
+            "248d6a61d20638b8e5c026930c3e6039a33ce45964ff2167f6ecedd419db06c1");
+  EXPECT_EQ(sha256Hex(std::string(1000000, 'a')),
+            "cdc76e5c9914fb9281a1c7e284d73e67f1809a48a497200e046d39ccc7112cd0");
+  EXPECT_EQ(sha256Base64(""), "47DEQpj8HBSa+/TImW+5JCeuQeRkm5NMpJWZG3hSuFU=");
+}
+
+TEST(Report, SaysTheVerdictFirst) {
+  const std::string html = renderReport(test::sampleCalibration());
+  EXPECT_EQ(html.rfind("<!DOCTYPE html>\n<html lang=\"en\">", 0), 0U);
+  const std::size_t verdict = html.find("<section id=\"verdict\"");
+  ASSERT_NE(verdict, std::string::npos);
+  EXPECT_EQ(html.find("<section"), verdict);
+  EXPECT_NE(html.find("data-outcome=\"pass\""), std::string::npos);
+  EXPECT_NE(html.find("Within limits"), std::string::npos);
+  EXPECT_EQ(count(html, "<h1>"), 1U);
+}
+
+TEST(Report, HasEverySection) {
+  const std::string html = renderReport(test::completeRecord());
+  for (const char* id : {"verdict", "identity", "target", "charts", "timeline", "history", "points",
+                         "sources", "versions"})
+    EXPECT_NE(html.find("<section id=\"" + std::string(id) + "\""), std::string::npos) << id;
+  EXPECT_EQ(count(html, "<svg "), 6U);
+  EXPECT_EQ(count(html, "role=\"img\" aria-labelledby="), 6U);
+  EXPECT_NE(html.find(std::string(64, 'a')), std::string::npos) << "hash of a jar";
+}
+
+TEST(Report, ListsEveryPoint) {
+  const RunRecord record = test::sampleCalibration();
+  const std::string table = between(renderReport(record), "<table class=\"points\">", "</table>");
+  EXPECT_EQ(count(table, "<tr class="), record.patches.size());
+  EXPECT_EQ(count(table, "<tr class=\"verify\">"), 18U);
+}
+
+TEST(Report, ShowsTheNumbersOfTheVerdict) {
+  const RunRecord record = test::sampleVerification();
+  const Verdict verdict = judge(record, evaluate(record));
+  const std::string html = renderReport(record);
+  EXPECT_NE(html.find("data-outcome=\"fail\""), std::string::npos);
+  for (const Criterion& criterion : verdict.criteria) {
+    const std::string row = between(
+        html, "<tr data-quantity=\"" + std::to_string(static_cast<int>(criterion.quantity)) + "\">",
+        "</tr>");
+    EXPECT_NE(row.find(formatValue(criterion.quantity, *criterion.value)), std::string::npos);
+    EXPECT_EQ(row.find("not met") != std::string::npos, criterion.outcome == Outcome::kFail);
+  }
+}
+
+TEST(Report, MarksSimulatedRunsAndOnlyThem) {
+  RunRecord record = test::sampleCalibration();
+  EXPECT_NE(renderReport(record).find("Simulated run."), std::string::npos);
+  record.simulated = false;
+  EXPECT_EQ(renderReport(record).find("Simulated run."), std::string::npos);
+}
+
+TEST(Report, CanceledRunSaysSoAndWhatStateTheMonitorIsIn) {
+  const std::string html = renderReport(test::sampleCanceled());
+  EXPECT_NE(html.find("<h2 id=\"verdict-title\">Canceled</h2>"), std::string::npos);
+  EXPECT_NE(html.find("<strong>restored</strong>"), std::string::npos);
+  EXPECT_NE(html.find("OM_ERR_CANCELED"), std::string::npos);
+}
+
+TEST(Report, EmptyRecordMakesAPage) {
+  const std::string html = renderReport(RunRecord{});
+  EXPECT_NE(html.find("Not judged"), std::string::npos);
+  EXPECT_EQ(count(html, "<svg "), 0U);
+}
+
+TEST(Report, TheDataInsideIsTheRecord) {
+  for (const char* name : {"calibration", "verification", "canceled", "complete"}) {
+    RunRecord record = test::sampleByName(name);
+    const std::string html = renderReport(record);
+    const std::string json =
+        between(html, "<script type=\"application/json\" id=\"run-record\">", "</script>");
+    EXPECT_EQ(readRunRecord(json), record) << name;
+  }
+}
+
+TEST(Report, TakesFurtherHistoryIntoTheDrawingAndTheData) {
+  RunRecord record = test::sampleCalibration();
+  HistoryPoint point = record.history.back();
+  point.time = "2026-08-01T06:00:00Z";
+  point.performer = "Somebody else";
+  const std::string html = renderReport(record, {point, record.history[0]});
+  record.history.push_back(point);
+  EXPECT_EQ(readRunRecord(between(html, "id=\"run-record\">", "</script>")), record);
+  EXPECT_NE(html.find("<bdi>Somebody else</bdi>"), std::string::npos);
+}
+
+TEST(Report, NothingHostileGetsOut) {
+  const std::string html = renderReport(test::hostileRecord());
+  const std::string safe = renderReport(test::sampleCalibration());
+  EXPECT_EQ(count(html, "<script"), count(safe, "<script"));
+  EXPECT_EQ(count(html, "</script"), count(safe, "</script"));
+  EXPECT_EQ(count(html, "</style"), 1U);
+  EXPECT_EQ(html.find("<img"), std::string::npos);
+  EXPECT_EQ(html.find("<svg onload"), std::string::npos);
+  EXPECT_EQ(html.find("<!--"), std::string::npos);
+  EXPECT_NE(html.find("&lt;img src=x"), std::string::npos) << "it is shown, as text";
+  EXPECT_EQ(html.find('\x01'), std::string::npos);
+}
+
+TEST(Report, ThePolicyForbidsTheNetworkAndNamesItsOwnTexts) {
+  const std::string html = renderReport(test::hostileRecord());
+  const std::string policy = between(html, "Content-Security-Policy\" content=\"", "\"");
+  EXPECT_EQ(policy.rfind("default-src 'none';", 0), 0U);
+  EXPECT_EQ(policy.find("unsafe"), std::string::npos);
+  EXPECT_EQ(policy.find("http"), std::string::npos);
+  const std::string style = between(html, "<style>", "</style>");
+  EXPECT_NE(policy.find("style-src 'sha256-" + sha256Base64(style) + "'"), std::string::npos);
+  const std::string script = between(html, "<script>", "</script>");
+  EXPECT_EQ(script.empty(), !hasInteractiveCharts());
+  EXPECT_NE(policy.find(script.empty() ? std::string("script-src 'none'")
+                                       : "script-src 'sha256-" + sha256Base64(script) + "'"),
+            std::string::npos);
+}
+
+TEST(Report, AsksForNothingFromOutside) {
+  const std::string html = renderReport(test::completeRecord());
+  for (const char* asking : {" src=", "<link", "@import", "url(", "<iframe", "<object", "<base"})
+    EXPECT_EQ(html.find(asking), std::string::npos) << asking;
+  const std::regex style(" style=\"");
+  EXPECT_FALSE(std::regex_search(html, style)) << "the policy would refuse it";
+}
+
+TEST(Report, IsTheSameForTheSameRecord) {
+  EXPECT_EQ(renderReport(test::completeRecord()), renderReport(test::completeRecord()));
+}
+
+}  // namespace
+}  // namespace kovctl
