@@ -105,12 +105,13 @@ inline OmError setTarget(lumora::kov::KovCalibrator& calibrator, const pocketjso
   return calibrator.setCalibrationTarget(target, curve, {}, ambientLight, false);
 }
 
-// Calls on the calibrator's target object: "setColorX(0.5)".
+// Calls on target objects that calibrators made: "setColorX(0.5)".
 inline Lines targetCalls(const FakeJvm& jvm) {
-  const std::string object = "CalibrationTargetValues#1.";
   Lines calls;
   for (const std::string& call : jvm.log.javaCalls()) {
-    if (call.rfind(object, 0) == 0) calls.push_back(call.substr(object.size()));
+    if (call.rfind("CalibrationTargetValues#", 0) == 0) {
+      calls.push_back(call.substr(call.find('.') + 1));
+    }
   }
   return calls;
 }
