@@ -77,7 +77,7 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
   if (!criterion.value) criterion.note = whyAbsent(quantity, record);
   const Limit* limit = limitOn(quantity, profile);
   if (!limit) {
-    if (criterion.value) criterion.note = "no limit in this profile";
+    if (criterion.value && profile) criterion.note = "no limit in this profile";
     return criterion;
   }
   if (!limitCounts(quantity, record)) {

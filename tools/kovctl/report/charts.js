@@ -40,6 +40,22 @@
     };
   }
 
+  // The pointer snaps to places where something was measured, not to the many points of a curve.
+  function snap(chart, x) {
+    const measured = new Set(chart.series.filter((s) => s.marks).flatMap((s) => s.x));
+    const places = x.map((v, i) => [v, i]).filter(([v]) => measured.has(v));
+    return (u, series, nearest, value) => {
+      let best = nearest;
+      let distance = Infinity;
+      for (const [v, i] of places) {
+        if (Math.abs(v - value) >= distance) continue;
+        distance = Math.abs(v - value);
+        best = i;
+      }
+      return best;
+    };
+  }
+
   function drawBand(band) {
     return (u) => {
       const top = u.valToPos(band[1], 'y', true);
@@ -51,13 +67,13 @@
     };
   }
 
-  function options(chart, width) {
+  function options(chart, width, x) {
     const axis = { stroke: colourOf('quiet'), font, labelFont: font, labelSize: 18, labelGap: 0,
                    grid: { stroke: '#e6eaef', width: 1 }, ticks: { stroke: '#c3cad3', width: 1 } };
     return {
       width,
       height: Math.round(width * chart.aspect),
-      cursor: { drag: { x: true, y: false }, y: false },
+      cursor: { drag: { x: true, y: false }, y: false, dataIdx: snap(chart, x) },
       scales: {
         x: { time: chart.time, range: (u, low, high) =>
           low == null || low === u.data[0][0] && high === u.data[0][u.data[0].length - 1]
@@ -68,7 +84,8 @@
         Object.assign({ label: chart.xLabel, size: 32 }, axis,
                       chart.time ? { values: (u, ticks) => ticks.map(day), space: 90 } : {},
                       chart.levels ? { incrs: [1, 5, 15, 30, 60], space: 40 } : {}),
-        Object.assign({ label: chart.yLabel, size: 54 }, axis),
+        Object.assign({ label: chart.yLabel, size: 54 }, axis,
+                      chart.logarithmic ? {} : { values: (u, ticks) => ticks.map(decimals) }),
       ],
       series: [{ label: chart.xLabel, value: (u, v) => chart.time ? day(v) : decimals(v) }]
         .concat(chart.series.map(seriesOptions)),
@@ -83,7 +100,8 @@
     live.className = 'live';
     figure.appendChild(live);
     figure.classList.add('is-live');
-    const plot = new uPlot(options(chart, live.clientWidth), align(chart.series), live);
+    const data = align(chart.series);
+    const plot = new uPlot(options(chart, live.clientWidth, data[0]), data, live);
     plot.root.setAttribute('role', 'img');
     plot.root.setAttribute('aria-label', figure.querySelector('desc').textContent);
     const hint = document.createElement('p');

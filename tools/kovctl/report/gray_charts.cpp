@@ -78,6 +78,15 @@ Series jndSeries(std::string name, std::string label, Mark mark, const ContrastR
   return series;
 }
 
+// The same number of JND for every level is what the DICOM function aims at.
+Series meanJnd(const ContrastResponse& response) {
+  double sum = 0.0;
+  for (const ContrastStep& step : response.steps)
+    sum += step.jndPerLevel * (step.above - step.below);
+  const double mean = sum / kWhiteLevel;
+  return {"target", "Mean", Mark::kDashes, false, {{0.0, mean, {}}, {kWhiteLevel, mean, {}}}};
+}
+
 }  // namespace
 
 std::optional<Chart> luminanceChart(const RunRecord& record, const Evaluation& evaluation) {
@@ -144,6 +153,7 @@ std::optional<Chart> jndChart(const Evaluation& evaluation) {
   chart.levels = true;
   chart.yLabel = "JND per gray level";
   chart.x = levelAxis();
+  if (evaluation.deciding) chart.series.push_back(meanJnd(*evaluation.deciding));
   if (evaluation.informing)
     chart.series.push_back(
         jndSeries("informing", fmt::format("{} points", evaluation.informing->steps.size() + 1),

@@ -84,10 +84,12 @@ std::string headerSection(const ReportView& view) {
 }
 
 std::string verdictSection(const ReportView& view) {
-  const OutcomeText text = textOf(view.verdict.outcome);
-  const std::string headline = view.record.result.canceled ? std::string("Canceled")
-                               : view.record.result.error  ? std::string("Failed")
-                                                           : std::string(text.verdict);
+  const RunResult& run = view.record.result;
+  OutcomeText text = textOf(view.verdict.outcome);
+  if (run.canceled)
+    text.verdict = "Canceled";
+  else if (run.error)
+    text = {"failed", "✕", "Failed", ""};
   const std::string profile =
       view.verdict.profile
           ? fmt::format("Limits: {} (<code>{}</code>)", escapeHtml(view.verdict.profile->title),
@@ -97,15 +99,15 @@ std::string verdictSection(const ReportView& view) {
           : "Limits: " + outsideText(view.record.limitsProfile) + " (unknown)";
   std::string html = fmt::format(
       "<section id=\"verdict\" class=\"verdict {0}\" aria-labelledby=\"verdict-title\" "
-      "data-outcome=\"{0}\">\n"
+      "data-outcome=\"{6}\">\n"
       "<div class=\"headline\"><span class=\"sign\" aria-hidden=\"true\">{1}</span><div>"
       "<h2 id=\"verdict-title\">{2}</h2><p>{3}</p><p class=\"profile\">{4}</p></div></div>\n"
       "{5}<table class=\"criteria\"><caption>Criteria</caption><thead><tr>"
       "<th scope=\"col\">Quantity</th><th scope=\"col\" class=\"num\">Measured</th>"
       "<th scope=\"col\" class=\"num\">Limit</th><th "
       "scope=\"col\">Result</th></tr></thead><tbody>\n",
-      text.css, text.sign, headline, escapeHtml(view.verdict.reason), profile,
-      stateSentence(view.record));
+      text.css, text.sign, text.verdict, escapeHtml(view.verdict.reason), profile,
+      stateSentence(view.record), textOf(view.verdict.outcome).css);
   for (const Criterion& criterion : view.verdict.criteria) html += criterionRow(criterion);
   return html + "</tbody></table>\n</section>\n";
 }
