@@ -37,21 +37,18 @@ inline constexpr Member kEmptySlot{};
 template <std::size_t kCount>
 struct ClassTable {
   consteval ClassTable(const char* javaName, const Member (&rows)[kCount]) : name(javaName) {
-    for (std::size_t i = 0; i < kCount; ++i) members[i] = rows[i];
+    std::size_t next = 0;
+    for (std::size_t row = 0; row < kCount; ++row) {
+      members[row] = rows[row];
+      slots[row] = rows[row].storedLast ? kCount - 1 : next++;
+    }
   }
 
   static constexpr std::size_t size() { return kCount; }
 
-  // The slot of a row in the identifier record.
-  constexpr std::size_t slotOf(std::size_t row) const {
-    if (members[row].storedLast) return kCount - 1;
-    std::size_t slot = row;
-    for (std::size_t i = 0; i < row; ++i) slot -= members[i].storedLast ? 1 : 0;
-    return slot;
-  }
-
   const char* name;
   std::array<Member, kCount> members{};
+  std::array<std::size_t, kCount> slots{};  // of each row's identifier in the record
 };
 
 // One identifier per slot; the type says which class it belongs to.

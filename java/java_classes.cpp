@@ -3,9 +3,11 @@
 
 namespace lumora::kov::java {
 
-void lookUpMembers(JNIEnv* env, jclass clazz, const Member* rows, std::size_t count,
-                   jmethodID* ids) {
-  for (std::size_t row = 0; row < count; ++row) ids[row] = jni::methodId(env, clazz, rows[row]);
+void lookUpMembers(JNIEnv* env, jclass clazz, const Member* rows, const std::size_t* slots,
+                   std::size_t count, jmethodID* ids) {
+  for (std::size_t row = 0; row < count; ++row) {
+    ids[slots[row]] = jni::methodId(env, clazz, rows[row]);
+  }
 }
 
 void JavaClasses::build(JavaEnv* owner) {

@@ -2,7 +2,6 @@
 #ifndef L5KOV_JAVA_JCLASS_H_
 #define L5KOV_JAVA_JCLASS_H_
 
-#include <array>
 #include <cstddef>
 #include <tuple>
 #include <utility>
@@ -14,10 +13,10 @@
 
 namespace lumora::kov::java {
 
-// Resolves `count` members into `ids` in the order of the rows. No result is tested: a member that
-// is missing keeps a null identifier, and calling it says so.
-void lookUpMembers(JNIEnv* env, jclass clazz, const Member* rows, std::size_t count,
-                   jmethodID* ids);
+// Resolves `count` members in the order of the rows, each into its slot of `ids`. No result is
+// tested: a member that is missing keeps a null identifier, and calling it says so.
+void lookUpMembers(JNIEnv* env, jclass clazz, const Member* rows, const std::size_t* slots,
+                   std::size_t count, jmethodID* ids);
 
 // A Java class and the identifiers of its bound members, resolved once per thread. T is the wrapper
 // that it serves. `clazz` is the local reference that FindClass gave, kept as it is: it belongs to
@@ -57,16 +56,13 @@ class JClass {
 
   explicit JClass(JavaEnv* owner) : JClass(owner, Methods::table.name) {
     const auto& table = Methods::table;
-    std::array<jmethodID, table.size()> found{};
-    lookUpMembers(*env, clazz, table.members.data(), table.size(), found.data());
-    for (std::size_t row = 0; row < table.size(); ++row) {
-      methods.ids[table.slotOf(row)] = found[row];
-    }
+    lookUpMembers(*env, clazz, table.members.data(), table.slots.data(), table.size(),
+                  methods.ids.data());
   }
 
   template <std::size_t kRow>
   jni::Target target() const {
-    return {clazz, methods.ids[Methods::table.slotOf(kRow)], Methods::table.name,
+    return {clazz, methods.ids[Methods::table.slots[kRow]], Methods::table.name,
             Methods::table.members[kRow]};
   }
 
