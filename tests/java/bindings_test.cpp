@@ -195,7 +195,23 @@ TEST_F(SearchStatus, ThatWereNotFoundAreNoStateEvenForNull) {
   EXPECT_FALSE(states.isNone(nullptr));
   EXPECT_FALSE(states.isRunning(nullptr));
   EXPECT_EQ(jvm.log.startingWith("GetStaticFieldID"), Lines{});
-  jvm.allowPendingException();
+  EXPECT_NE(jvm->pendingException(), nullptr);
+  kov::JArrayList::create(kov::Env());
+  EXPECT_EQ(jvm->pendingException(), nullptr) << "discarded by the next guarded call";
+}
+
+TEST_F(SearchStatus, WithoutOneConstantStillTellTheOthers) {
+  kov::Env();
+  jvm->missingMember(name, "NONE", "L" + name + ";");
+  const kov::JApiSearchStatus states(kov::Env());
+  EXPECT_EQ(jvm.log.startingWith("GetStaticObjectField"),
+            (Lines{"GetStaticObjectField " + name + ".FINISHED",
+                   "GetStaticObjectField " + name + ".RUNNING"}));
+  EXPECT_TRUE(states.isFinished(jvm->local(world.statusFinished)));
+  EXPECT_FALSE(states.isNone(jvm->local(world.statusNone)));
+  EXPECT_NE(jvm->pendingException(), nullptr);
+  kov::JArrayList::create(kov::Env());
+  EXPECT_EQ(jvm->pendingException(), nullptr) << "discarded by the next guarded call";
 }
 
 // ---- The catalogue and its wrappers at compile time ----

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <filesystem>
 #include <stdexcept>
+#include <thread>
 
 #include "l5kov.h"
 #include "tests/java/threads.h"
@@ -136,6 +138,10 @@ TEST(StartUp, AttachThatYieldsNoEnvironmentThrowsAndIsTriedAgain) {
 
 TEST(StartUp, EightFirstUsersAtOnceCreateOneVirtualMachine) {
   FakeJvm jvm;
+  // Creation takes its time, so that all have come before it is over.
+  jvm->onCall([](const std::string& line) {
+    if (line == "JNI_CreateJavaVM") std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  });
   std::atomic<int> created{0}, joined{0};
   kovtest::atOnce(8, [&] { ++(Env()->createdVm() ? created : joined); });
   EXPECT_EQ(created, 1);
