@@ -4,28 +4,17 @@
 
 #include <map>
 #include <string>
-#include <string_view>
 #include <utility>
 #include <vector>
 
 #include <pocketjson/value.h>
 
-#include "pocketjson/key_order.h"
+#include "pocketjson/member_key.h"
 
 namespace pocketjson {
 
-/// The order of std::less<std::string> (bytes as unsigned numbers, the shorter key first), for
-/// literals and views too, so that a look-up makes no string.
-struct KeyLess {
-  using is_transparent = void;
-
-  bool operator()(std::string_view left, std::string_view right) const noexcept {
-    return keyBefore(left, right);
-  }
-};
-
 using Elements = std::vector<Value>;
-using Members = std::map<std::string, Value, KeyLess>;
+using Members = std::map<MemberKey, Value, KeyLess>;
 
 /// The held type is one of std::string, Elements and Members; the tag of the value that owns the
 /// container says which.

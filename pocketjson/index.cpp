@@ -16,9 +16,10 @@ namespace {
 
 constexpr const char* kIndexPastTheEnd = "array index out of range";
 
-Value& memberOf(Members& members, std::string_view key) {
+Value& memberOf(Members& members, std::string_view name) {
+  const SoughtKey key(name);
   const auto place = members.lower_bound(key);
-  if (place != members.end() && sameKey(place->first, key)) return place->second;
+  if (place != members.end() && place->first == key) return place->second;
   return members
       .emplace_hint(place, std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>())
       ->second;
@@ -35,11 +36,12 @@ Value& Value::operator[](std::string_view key) {
   return member;
 }
 
-const Value& Value::operator[](std::string_view key) const noexcept {
+const Value& Value::operator[](std::string_view name) const noexcept {
   if (tag != Object) return nullValue();
+  const SoughtKey key(name);
   const Members& members = held<Members>();
   const auto place = members.lower_bound(key);
-  return place != members.end() && sameKey(place->first, key) ? place->second : nullValue();
+  return place != members.end() && place->first == key ? place->second : nullValue();
 }
 
 Value& Value::operator[](std::size_t index) {

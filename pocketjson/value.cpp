@@ -68,7 +68,7 @@ std::vector<std::string> Value::keys() const {
   std::vector<std::string> names;
   if (tag != Object) return names;
   names.reserve(size());
-  for (const auto& [name, member] : held<Members>()) names.push_back(name);
+  for (const auto& [name, member] : held<Members>()) names.emplace_back(name.text());
   return names;
 }
 

@@ -1,16 +1,33 @@
 // SPDX-License-Identifier: MIT
-// The quick comparison of keys against the standard one.
+// The quick comparison of keys, and the key that a member keeps, against the standard string.
 #include "pocketjson/key_order.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 #include <string>
+#include <vector>
 
-using pocketjson::keyBefore;
-using pocketjson::sameKey;
+#include "pocketjson/member_key.h"
+
+using pocketjson::KeyLess;
+using pocketjson::MemberKey;
+using pocketjson::SoughtKey;
 
 namespace {
+
+// The three ways in which the tree compares: two members, a member and a sought key, and back.
+bool keyBefore(std::string_view left, std::string_view right) {
+  const KeyLess less;
+  const bool result = less(MemberKey(left), MemberKey(right));
+  EXPECT_EQ(less(SoughtKey(left), MemberKey(right)), result);
+  EXPECT_EQ(less(MemberKey(left), SoughtKey(right)), result);
+  return result;
+}
+
+bool sameKey(std::string_view left, std::string_view right) {
+  return MemberKey(left) == SoughtKey(right);
+}
 
 TEST(KeyOrder, IsByBytesWithTheShorterFirst) {
   EXPECT_TRUE(keyBefore("", "a"));
@@ -39,6 +56,36 @@ TEST(KeyOrder, AMillionPairsAgreeWithTheStandardString) {
     ASSERT_EQ(keyBefore(right, left), std::less<std::string>()(right, left))
         << left << "|" << right;
     ASSERT_EQ(sameKey(left, right), left == right) << left << "|" << right;
+  }
+}
+
+TEST(KeyOrder, ZerosInsideAKeyAreBytesLikeOthers) {
+  using namespace std::string_view_literals;
+  const std::vector<std::string_view> rising = {
+      ""sv, "\0"sv, "\0\0"sv, "\0a"sv, "ab"sv, "ab\0"sv, "ab\0\0\0\0\0\0"sv, "ab\0\0\0\0\0\0\0"sv,
+      "ab\0\0\0\0\0\0a"sv, "ab\1"sv, "abcdefgh"sv, "abcdefgh\0"sv, "abcdefgh\xff"sv};
+  for (std::size_t i = 0; i < rising.size(); ++i) {
+    for (std::size_t k = 0; k < rising.size(); ++k) {
+      EXPECT_EQ(keyBefore(rising[i], rising[k]), i < k) << i << " " << k;
+      EXPECT_EQ(sameKey(rising[i], rising[k]), i == k) << i << " " << k;
+    }
+  }
+}
+
+TEST(MemberKey, KeepsNamesOfEveryLengthAndSoDoItsCopies) {
+  std::string name;
+  for (int length = 0; length < 70; ++length) {
+    const MemberKey key(name);
+    EXPECT_EQ(key.text(), name);
+    const MemberKey copy(key);
+    EXPECT_EQ(copy.text(), name);
+    EXPECT_TRUE(copy == SoughtKey(name));
+    // Up to 24 bytes lie inside.
+    const auto* inside = reinterpret_cast<const char*>(&copy);
+    const bool isInside =
+        copy.text().data() >= inside && copy.text().data() < inside + sizeof copy;
+    EXPECT_EQ(isInside, length <= 24) << length;
+    name += static_cast<char>('a' + length % 26);
   }
 }
 

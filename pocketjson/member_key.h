@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#ifndef L5KOV_POCKETJSON_MEMBER_KEY_H_
+#define L5KOV_POCKETJSON_MEMBER_KEY_H_
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "pocketjson/key_order.h"
+
+namespace pocketjson {
+
+/// A key while it is looked up.
+struct SoughtKey {
+  explicit SoughtKey(std::string_view key) noexcept : text(key), front(frontOf(key)) {}
+
+  std::string_view text;
+  std::uint64_t front;
+};
+
+/// The name of a member. Names of up to 24 bytes lie inside it, so that walking a tree of them
+/// follows no further pointer and copying an object allocates nothing but its nodes. 40 bytes: with
+/// these, a node of the tree takes the same piece of memory as with a std::string.
+class MemberKey {
+ public:
+  explicit MemberKey(const SoughtKey& key) : front(key.front), length(key.text.size()) {
+    char* room = place.inside;
+    if (isOutside()) room = place.outside = roomFor(length);
+    key.text.copy(room, length);
+  }
+  explicit MemberKey(std::string_view key) : MemberKey(SoughtKey(key)) {}
+  MemberKey(const MemberKey& other) : front(other.front), length(other.length), place(other.place) {
+    if (isOutside()) std::memcpy(place.outside = roomFor(length), other.place.outside, length);
+  }
+  MemberKey& operator=(const MemberKey&) = delete;
+  ~MemberKey() {
+    if (isOutside()) delete[] place.outside;
+  }
+
+  std::string_view text() const noexcept { return {isOutside() ? place.outside : place.inside, length}; }
+
+  bool operator==(const SoughtKey& key) const noexcept {
+    return front == key.front && sameRest(text(), key.text);
+  }
+
+ private:
+  friend struct KeyLess;
+
+  static constexpr std::size_t kInside = 24;
+  bool isOutside() const noexcept { return length > kInside; }
+  // With the limit of a standard string, and its error.
+  static char* roomFor(std::size_t length) {
+    if (length > std::string().max_size()) throw std::length_error("string too long");
+    return new char[length];
+  }
+
+  std::uint64_t front;
+  std::size_t length;
+  union {
+    char inside[kInside];
+    char* outside;
+  } place;
+};
+
+/// The order of std::less<std::string>: bytes as unsigned numbers, the shorter key first.
+struct KeyLess {
+  using is_transparent = void;
+
+  template <typename Left, typename Right>
+  bool operator()(const Left& left, const Right& right) const noexcept {
+    return left.front != right.front ? left.front < right.front
+                                     : restBefore(textOf(left), textOf(right));
+  }
+
+ private:
+  static std::string_view textOf(const MemberKey& key) noexcept { return key.text(); }
+  static std::string_view textOf(const SoughtKey& key) noexcept { return key.text; }
+};
+
+}  // namespace pocketjson
+
+#endif  // L5KOV_POCKETJSON_MEMBER_KEY_H_
