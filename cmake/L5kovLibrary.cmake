@@ -6,6 +6,11 @@ target_include_directories(l5kov_objects
 target_compile_definitions(l5kov_objects PRIVATE L5KOV_BUILDING)
 target_link_libraries(l5kov_objects PRIVATE l5kov_options l5kov_jni tinyxml2::tinyxml2 l5kov_vendor)
 
+if(NOT WIN32)
+  # No host replaces single functions of this library: its own calls of exported functions may be
+  # inlined and need no jump through the linkage table.
+  target_compile_options(l5kov_objects PRIVATE -fno-semantic-interposition)
+endif()
 add_library(l5kov SHARED $<TARGET_OBJECTS:l5kov_objects>)
 add_library(l5kov::l5kov ALIAS l5kov)
 set_target_properties(l5kov PROPERTIES
@@ -25,6 +30,7 @@ target_link_libraries(l5kov PRIVATE l5kov_options tinyxml2::tinyxml2 l5kov_vendo
   Threads::Threads ${CMAKE_DL_LIBS})
 if(NOT WIN32)
   target_link_options(l5kov PRIVATE
-    -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map -Wl,--no-undefined -Wl,-z,relro,-z,now)
+    -Wl,--version-script=${PROJECT_SOURCE_DIR}/cmake/exports.map -Wl,--no-undefined -Wl,-z,relro,-z,now
+    -Wl,-Bsymbolic-functions)
   set_target_properties(l5kov PROPERTIES LINK_DEPENDS ${PROJECT_SOURCE_DIR}/cmake/exports.map)
 endif()
