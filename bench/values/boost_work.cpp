@@ -50,6 +50,12 @@ void readLiteral(benchmark::State& state) {
 
 void readAbsent(benchmark::State& state) {
   const value made = target();
+  measure(state, [&] { return numberOr(made, "luminanceTolerance", 0); });
+}
+
+// Absent, but with the beginning of a name that is there.
+void readAbsentAlike(benchmark::State& state) {
+  const value made = target();
   measure(state, [&] { return numberOr(made, "numberOfDarklevels", 0); });
 }
 
@@ -105,6 +111,7 @@ BENCHMARK(copyTarget)->Name("copy_target/boost");
 BENCHMARK(copyArray)->Name("copy_array/boost")->Arg(256);
 BENCHMARK(readLiteral)->Name("read_literal/boost");
 BENCHMARK(readAbsent)->Name("read_absent/boost");
+BENCHMARK(readAbsentAlike)->Name("read_absent_alike/boost");
 BENCHMARK(readTarget)->Name("read_target/boost");
 BENCHMARK(writeNested)->Name("write_nested/boost");
 BENCHMARK(writeNestedAgain)->Name("write_nested_again/boost");

@@ -53,6 +53,12 @@ void readLiteral(benchmark::State& state) {
 
 void readAbsent(benchmark::State& state) {
   const Value value = target();
+  measure(state, [&] { return value["luminanceTolerance"].asInt(); });
+}
+
+// Absent, but with the beginning of a name that is there.
+void readAbsentAlike(benchmark::State& state) {
+  const Value value = target();
   measure(state, [&] { return value["numberOfDarklevels"].asInt(); });
 }
 
@@ -118,6 +124,7 @@ BENCHMARK(copyMembers)->Name("copy_members/pocketjson")->Arg(1)->Arg(12)->Arg(25
 BENCHMARK(copyArray)->Name("copy_array/pocketjson")->Arg(256);
 BENCHMARK(readLiteral)->Name("read_literal/pocketjson");
 BENCHMARK(readAbsent)->Name("read_absent/pocketjson");
+BENCHMARK(readAbsentAlike)->Name("read_absent_alike/pocketjson");
 BENCHMARK(readTarget)->Name("read_target/pocketjson");
 BENCHMARK(readOfMany)->Name("read_of_many/pocketjson")->Arg(1)->Arg(12)->Arg(256)->Arg(10000);
 BENCHMARK(writeNested)->Name("write_nested/pocketjson");

@@ -82,6 +82,13 @@ void readLiteral(benchmark::State& state) {
 void readAbsent(benchmark::State& state) {
   Document document;
   addTarget(document);
+  measure(state, [&] { return wholeOr(document, "luminanceTolerance", 0); });
+}
+
+// Absent, but with the beginning of a name that is there.
+void readAbsentAlike(benchmark::State& state) {
+  Document document;
+  addTarget(document);
   measure(state, [&] { return wholeOr(document, "numberOfDarklevels", 0); });
 }
 
@@ -133,6 +140,7 @@ BENCHMARK(copyTarget)->Name("copy_target/rapidjson");
 BENCHMARK(copyArray)->Name("copy_array/rapidjson")->Arg(256);
 BENCHMARK(readLiteral)->Name("read_literal/rapidjson");
 BENCHMARK(readAbsent)->Name("read_absent/rapidjson");
+BENCHMARK(readAbsentAlike)->Name("read_absent_alike/rapidjson");
 BENCHMARK(readTarget)->Name("read_target/rapidjson");
 BENCHMARK(writeNested)->Name("write_nested/rapidjson");
 BENCHMARK(copyThenWrite)->Name("copy_then_write/rapidjson");
