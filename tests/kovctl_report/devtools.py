@@ -38,15 +38,15 @@ class Browser:
         self.buffer = b''
         self.last_id = 0
         self.events = []
-        self.session = None
-        self.session = self._attach(width, height)
+        self.page = None
+        self._attach(width, height)
 
     def __enter__(self):
         return self
 
     def __exit__(self, *_):
         try:
-            self.call('Browser.close', session=False)
+            self.call('Browser.close', to_page=False)
         except (OSError, TimeoutError, RuntimeError):
             pass
         try:
@@ -59,16 +59,14 @@ class Browser:
         shutil.rmtree(self.profile, ignore_errors=True)
 
     def _attach(self, width, height):
-        targets = self.call('Target.getTargets', session=False)['targetInfos']
+        targets = self.call('Target.getTargets', to_page=False)['targetInfos']
         page = next(t for t in targets if t['type'] == 'page')
-        session = self.call('Target.attachToTarget', session=False,
-                            targetId=page['targetId'], flatten=True)['sessionId']
-        self.session = session
+        self.page = self.call('Target.attachToTarget', to_page=False,
+                              targetId=page['targetId'], flatten=True)['sessionId']
         for domain in ('Page', 'Network', 'Log', 'Runtime'):
             self.call(domain + '.enable')
         self.call('Emulation.setDeviceMetricsOverride', width=width, height=height,
                   deviceScaleFactor=1, mobile=False)
-        return session
 
     def _read(self, deadline):
         while b'\0' not in self.buffer:
@@ -83,11 +81,11 @@ class Browser:
         message, self.buffer = self.buffer.split(b'\0', 1)
         return json.loads(message)
 
-    def call(self, method, session=True, **parameters):
+    def call(self, method, to_page=True, **parameters):
         self.last_id += 1
         message = {'id': self.last_id, 'method': method, 'params': parameters}
-        if session and self.session:
-            message['sessionId'] = self.session
+        if to_page and self.page:
+            message['sessionId'] = self.page
         os.write(self.to_browser, json.dumps(message).encode() + b'\0')
         deadline = time.monotonic() + 60
         while True:

@@ -132,6 +132,27 @@ TEST(Report, EmptyRecordMakesAPage) {
   EXPECT_EQ(count(html, "<svg "), 0U);
 }
 
+TEST(Report, StrangeNumbersStillMakeAPage) {
+  for (const double luminance : {0.0, -1.0, 1e-320, 1e-7, 250.0, 1e300}) {
+    RunRecord record = test::sampleVerification();
+    for (PatchResult& patch : record.patches) {
+      patch.luminance = luminance;
+      patch.chromaticity = Chromaticity{1.0, 0.0};
+    }
+    EXPECT_NE(renderReport(record).find("</html>"), std::string::npos) << luminance;
+    record.patches.back().luminance = 250.0 + 1e-13;
+    record.patches.back().chromaticity = Chromaticity{0.0, 1.0};
+    record.target.lmax = luminance > 0.0 ? luminance : 0.0;
+    const std::string html = renderReport(record);
+    EXPECT_NE(html.find("</html>"), std::string::npos) << luminance;
+    const std::string pictures =
+        html.substr(html.find("<svg"), html.rfind("</svg>") - html.find("<svg"));
+    EXPECT_FALSE(std::regex_search(pictures, std::regex("[\" ML>−-](nan|inf)[\" L<]")))
+        << luminance;
+    EXPECT_LT(html.size(), 400000U) << luminance;
+  }
+}
+
 TEST(Report, TheDataInsideIsTheRecord) {
   for (const char* name : {"calibration", "verification", "canceled", "complete"}) {
     RunRecord record = test::sampleByName(name);

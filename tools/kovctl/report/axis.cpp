@@ -13,13 +13,12 @@ namespace {
 constexpr double kDay = 86400.0;
 constexpr double kTolerance = 1e-9;
 
-// The smallest of 1, 2, 5 times a power of ten that is not below `value`.
-double roundStep(double value) {
-  const double power = std::pow(10.0, std::floor(std::log10(value)));
-  for (const double digit : {1.0, 2.0, 5.0})
-    if (digit * power >= value * (1.0 - kTolerance)) return digit * power;
-  return 10.0 * power;
-}
+// A range narrower than this, against its values, is a range of nothing.
+constexpr double kNarrowest = 1e-12;
+
+// What a logarithmic axis can show.
+constexpr double kLowestLogarithm = 1e-9;
+constexpr double kHighestLogarithm = 1e12;
 
 // The largest of 1, 2, 5 times a power of ten that is not above `value`.
 double roundDown(double value) {
@@ -46,13 +45,21 @@ std::string dateLabel(double seconds) {
 
 }  // namespace
 
+double roundStep(double value) {
+  const double power = std::pow(10.0, std::floor(std::log10(value)));
+  for (const double digit : {1.0, 2.0, 5.0})
+    if (digit * power >= value * (1.0 - kTolerance)) return digit * power;
+  return 10.0 * power;
+}
+
 std::string formatNumber(double value) {
   const std::string text = fmt::format("{:.6g}", value == 0.0 ? 0.0 : value);
   return text.front() == '-' ? "−" + text.substr(1) : text;
 }
 
 Axis Axis::linear(double low, double high, int ticks) {
-  if (!(high > low)) {
+  const double size = std::max({std::abs(low), std::abs(high), kNarrowest});
+  if (!(high - low > kNarrowest * size)) {
     const double margin = std::max(std::abs(low) * 0.1, 0.5);
     low -= margin;
     high += margin;
@@ -74,8 +81,8 @@ Axis Axis::fixed(double low, double high, double step, int labelEvery) {
 }
 
 Axis Axis::logarithmic(double low, double high) {
-  double bottom = roundDown(low);
-  double top = roundStep(high);
+  double bottom = roundDown(std::clamp(low, kLowestLogarithm, kHighestLogarithm));
+  double top = roundStep(std::clamp(high, kLowestLogarithm, kHighestLogarithm));
   if (!(top > bottom)) {
     bottom /= 10.0;
     top *= 10.0;

@@ -24,8 +24,8 @@ class Axis {
   /// `labelEvery`th.
   static Axis fixed(double low, double high, double step, int labelEvery = 1);
 
-  /// Widened to 1, 2 or 5 times a power of ten; those are labelled, the rest are lines. Needs
-  /// 0 < low; a range of nothing is widened.
+  /// Widened to 1, 2 or 5 times a power of ten; those are labelled, the rest are lines. A
+  /// range of nothing is widened; values outside 1e-9 to 1e12 have no place on it.
   static Axis logarithmic(double low, double high);
 
   /// Seconds since 1970 (UTC), with days, months or years marked.
@@ -47,6 +47,9 @@ class Axis {
   double to;
   std::vector<Tick> marks;
 };
+
+/// The smallest of 1, 2 and 5 times a power of ten that is not below `value`, which is positive.
+double roundStep(double value);
 
 /// A number as short as can be with at most six significant digits, with a true minus sign.
 std::string formatNumber(double value);

@@ -19,13 +19,18 @@ Axis wideLevelAxis() {
   return Axis::fixed(0.0, kWhiteLevel, 15.0);
 }
 
+// In cd/m²; a logarithmic axis has no place for 0, and nothing that is measured lies beyond.
+bool isDrawable(double luminance) {
+  return luminance >= 1e-6 && luminance <= 1e7;
+}
+
 Series targetSeries(const RunRecord& record, const Evaluation& evaluation) {
   Series series{"target", "Target", Mark::kDashes, false, {}};
   const auto curve = wantedCurve(record.target, evaluation.lmin);
   if (!curve) return series;
   for (int level = 0; level <= 255; ++level) {
     const double luminance = curve->luminance(level / kWhiteLevel);
-    if (luminance > 0.0) series.points.push_back({static_cast<double>(level), luminance, {}});
+    if (isDrawable(luminance)) series.points.push_back({static_cast<double>(level), luminance, {}});
   }
   return series;
 }
@@ -34,7 +39,7 @@ Series pointSeries(std::string name, std::string label, Mark mark,
                    const std::vector<GrayPoint>& points) {
   Series series{std::move(name), std::move(label), mark, true, {}};
   for (const GrayPoint& point : points)
-    if (point.luminance > 0.0)  // a logarithm has no place for the rest
+    if (isDrawable(point.luminance))
       series.points.push_back(
           {static_cast<double>(point.level), point.luminance,
            fmt::format("Level {}: {:.4g} cd/m²", point.level, point.luminance)});

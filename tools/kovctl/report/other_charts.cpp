@@ -32,7 +32,7 @@ double reachOf(const Chart& chart, const ChartPoint& centre) {
 void setColourAxes(Chart& chart, const ChartPoint& centre, double reach) {
   const PlotArea area = plotArea(chart);
   const double stretch = (area.right - area.left) / (area.bottom - area.top);
-  const double step = reach > 0.05 ? 0.02 : reach > 0.02 ? 0.01 : 0.005;
+  const double step = roundStep(reach / 3.0);
   chart.x = Axis::fixed(centre.x - reach * stretch, centre.x + reach * stretch, step);
   chart.y = Axis::fixed(centre.y - reach, centre.y + reach, step);
 }
