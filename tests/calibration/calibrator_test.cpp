@@ -71,8 +71,7 @@ TEST_F(Calibrator, ConstructorReadsTheDeviceOnceSerialNumberAskedTwice) {
 TEST_F(Calibrator, NullSerialNumberIsAskedForOnce) {
   fakeMeter().serialNumber.reset();
   const KovCalibrator made = calibrator();
-  EXPECT_EQ(fakeMeter().calls,
-            (std::vector<std::string>{"MDGetDeviceID", "MDGetSerialNumber"}));
+  EXPECT_EQ(fakeMeter().calls, (std::vector<std::string>{"MDGetDeviceID", "MDGetSerialNumber"}));
 }
 
 TEST_F(Calibrator, DeviceIsReadAfterTheJavaObjectsWereMade) {
@@ -116,9 +115,13 @@ TEST_F(Calibrator, ExecuteAsksInThisOrder) {
                     1024));
 }
 
-TEST_F(Calibrator, ModeZeroPassesExactlyTheTarget) { EXPECT_EQ(targetsOf(0), "T"); }
+TEST_F(Calibrator, ModeZeroPassesExactlyTheTarget) {
+  EXPECT_EQ(targetsOf(0), "T");
+}
 
-TEST_F(Calibrator, ModeThreePassesThreeNullsAndTheTarget) { EXPECT_EQ(targetsOf(3), "---T"); }
+TEST_F(Calibrator, ModeThreePassesThreeNullsAndTheTarget) {
+  EXPECT_EQ(targetsOf(3), "---T");
+}
 
 TEST_F(Calibrator, NegativeModePassesAnEmptyList) {
   EXPECT_EQ(targetsOf(-1), "");
@@ -129,9 +132,8 @@ TEST_F(Calibrator, TargetOfTheListIsTheOneThatSetCalibrationTargetFilled) {
   pocketjson::Value target;
   target["LmaxValue"] = 321.0;
   double luminance = 0.0;
-  world.onCalibrate([&](CalibrationRun& run) {
-    luminance = run.target()->field("maxLuminance").asDouble();
-  });
+  world.onCalibrate(
+      [&](CalibrationRun& run) { luminance = run.target()->field("maxLuminance").asDouble(); });
   KovCalibrator made = calibrator();
   ASSERT_EQ(setTarget(made, target), OM_OK);
   made.execute();
@@ -212,13 +214,12 @@ TEST_F(Calibrator, RestoreActivatesTheTableAtThePositionOfTheMode) {
   KovCalibrator made = calibrator(1);
   jvm.log.clear();
   EXPECT_EQ(made.restore(), OM_OK);
-  EXPECT_EQ(jvm.log,
-            looksUp("monitor") +
-                inFrame(guardedObject("monitor.getLookUpTables()", "monitorLuts") +
-                        guardedObject("monitorLuts.get(1)", "monitorLut1") +
-                        guarded("CallVoidMethodV monitorLut1.activate()") +
-                        released("monitorLut1") + released("monitorLuts")) +
-                released("monitor"));
+  EXPECT_EQ(jvm.log, looksUp("monitor") +
+                         inFrame(guardedObject("monitor.getLookUpTables()", "monitorLuts") +
+                                 guardedObject("monitorLuts.get(1)", "monitorLut1") +
+                                 guarded("CallVoidMethodV monitorLut1.activate()") +
+                                 released("monitorLut1") + released("monitorLuts")) +
+                         released("monitor"));
   EXPECT_TRUE(objects.luts[1]->field("active").asBool());
 }
 
@@ -268,8 +269,7 @@ TEST_F(Calibrator, MonitorIsLookedUpByNameThenKey) {
 TEST_F(Calibrator, MayBeUsedAndDestroyedOnOtherThreads) {
   std::unique_ptr<KovCalibrator> made;
   std::thread([&] {
-    made = std::make_unique<KovCalibrator>("L5-X240", "SN0001", 0, device(), "text", "",
-                                           &delegate);
+    made = std::make_unique<KovCalibrator>("L5-X240", "SN0001", 0, device(), "text", "", &delegate);
   }).join();
   EXPECT_EQ(setTarget(*made, {}), OM_OK);
   std::thread([&] { EXPECT_EQ(made->execute(), OM_OK); }).join();

@@ -1,38 +1,17 @@
 // SPDX-License-Identifier: MIT
-// The six native methods: registration, arithmetic, and what each asks of Java and the delegate.
+// The native methods: registration, arithmetic, and what each asks of Java and the delegate.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
+#include <iterator>
 #include <limits>
 
-#include "tests/calibration/calibrator_fixture.h"
+#include "tests/calibration/callbacks_fixture.h"
 
 namespace {
 
 using namespace kovtest;
-using fakejvm::Value;
 using lumora::kov::KovCalibrator;
 using lumora::kov::PatchRecord;
-
-class Callbacks : public CalibratorTest {
- protected:
-  // Runs `body` as the Java side's calibration; the log begins with it.
-  void run(KovCalibrator& made, const std::function<void(CalibrationRun&)>& body,
-           OmError expected = OM_OK) {
-    world.onCalibrate([&](CalibrationRun& inside) {
-      jvm.log.clear();
-      body(inside);
-      logInside = jvm.log.lines();
-    });
-    EXPECT_EQ(made.execute(), expected);
-  }
-  void run(const std::function<void(CalibrationRun&)>& body) {
-    KovCalibrator made = calibrator();
-    run(made, body);
-  }
-  Lines logInside;
-};
 
 std::vector<double> numbersOf(const PatchRecord& record) {
   return {std::begin(record.values), std::end(record.values)};
@@ -49,11 +28,11 @@ TEST_F(Callbacks, RegistersSixMethodsInThisOrder) {
   EXPECT_EQ(made.registerCallback(), OM_OK);
   EXPECT_EQ(jvm.log, inFrame(Lines{std::string("FindClass ") + kCallbackClass,
                                    std::string("RegisterNatives ") + kCallbackClass + " 6"}));
-  EXPECT_EQ(jvm->nativeMethods(),
-            (Lines{"jniSendProgress(IJ)V", "jniDrawTestpattern(IIIJ)V", "jniMeasureLuminance(J)[D",
-                   "jniFinishCalibration(Ljava/util/List;J)Z",
-                   "jniGetMeasurementSerialNumber(J)Ljava/lang/String;",
-                   "jniGetMeasurementType(J)I"}));
+  EXPECT_EQ(
+      jvm->nativeMethods(),
+      (Lines{"jniSendProgress(IJ)V", "jniDrawTestpattern(IIIJ)V", "jniMeasureLuminance(J)[D",
+             "jniFinishCalibration(Ljava/util/List;J)Z",
+             "jniGetMeasurementSerialNumber(J)Ljava/lang/String;", "jniGetMeasurementType(J)I"}));
 }
 
 TEST_F(Callbacks, MissingCallbackClassIsAJavaErrorWithoutAMessage) {
@@ -125,10 +104,9 @@ TEST_F(Callbacks, MeasureReturnsIndices8And10And11) {
 TEST_F(Callbacks, MeasureMakesOneArrayAndFillsItAtOnce) {
   KovCalibrator made = calibrator();
   run(made, [](CalibrationRun& run) { run.measure(); });
-  EXPECT_EQ(logInside,
-            (Lines{"enter jniMeasureLuminance(" + std::to_string(addressOf(made)) + ")",
-                   "NewDoubleArray 3", "SetDoubleArrayRegion 0 3 [120.5,0.31,0.33]",
-                   "leave jniMeasureLuminance"}));
+  EXPECT_EQ(logInside, (Lines{"enter jniMeasureLuminance(" + std::to_string(addressOf(made)) + ")",
+                              "NewDoubleArray 3", "SetDoubleArrayRegion 0 3 [120.5,0.31,0.33]",
+                              "leave jniMeasureLuminance"}));
 }
 
 TEST_F(Callbacks, MeasureGetsTheDeviceACopyOfThePatchAndAZeroRecord) {
@@ -172,12 +150,15 @@ TEST_F(Callbacks, CurrentPatchOutlivesTheRun) {
 TEST_F(Callbacks, ArrayThatCannotBeMadeIsNullAndAJavaError) {
   KovCalibrator made = calibrator();
   int calls = 0;
-  run(made, [&](CalibrationRun& run) {
-    jvm->failCall(jvm->callCount() + 1, fakejvm::Fault::nullResult());
-    ++calls;
-    run.measure();
-    ++calls;
-  }, OM_ERR_JAVA);
+  run(
+      made,
+      [&](CalibrationRun& run) {
+        jvm->failCall(jvm->callCount() + 1, fakejvm::Fault::nullResult());
+        ++calls;
+        run.measure();
+        ++calls;
+      },
+      OM_ERR_JAVA);
   EXPECT_EQ(calls, 1) << "the error is pending when the native method returns";
   EXPECT_EQ(made.getErrorMsg(), "Java heap space");
   EXPECT_EQ(jvm->faultsApplied(), 1);
@@ -215,78 +196,6 @@ TEST_F(Callbacks, DeviceTypeIsTheJavaCodeOfTheDevice) {
   EXPECT_EQ(logInside.size(), 2U) << "no call into Java";
 }
 
-TEST_F(Callbacks, FinishTakesTheResultsInThisOrder) {
-  KovCalibrator made = calibrator();
-  const auto results = fakejvm::makeList({world.result("first", 1, 2, 3),
-                                          world.result("second", 4, 5, 6)}, "results");
-  bool answer = false;
-  run(made, [&](CalibrationRun& run) { answer = run.finish(results); });
-  EXPECT_TRUE(answer);
-  const auto one = [](const std::string& get, const std::string& name) {
-    return guardedObject("results.get(" + get + ")", name) +
-           guarded("CallBooleanMethodV ArrayList#1.add(" + name + ")") +
-           guarded("CallIntMethodV results.size()") + released(name);
-  };
-  EXPECT_EQ(logInside,
-            Lines{"enter jniFinishCalibration(results," + std::to_string(addressOf(made)) + ")"} +
-                Lines{"NewGlobalRef results"} + guarded("CallIntMethodV results.size()") +
-                one("0", "first") + one("1", "second") + released("results") +
-                Lines{"leave jniFinishCalibration"});
-  EXPECT_EQ(delegate.events, std::vector<std::string>{"FinishCalibration"});
-}
-
-TEST_F(Callbacks, FinishReadsTheSizeAgainAfterEveryElement) {
-  KovCalibrator made = calibrator(2);
-  const auto results = fakejvm::makeList({world.result("a", 0, 0, 1)}, "results");
-  jvm->script(results, "get", [&](fakejvm::Call& call) -> Value {
-    const auto elements = call.self->elements();
-    // The list grows while it is read, up to three.
-    if (elements.size() < 3) {
-      call.self->addElement(
-          world.result("grown" + std::to_string(elements.size()), 0, 0.75, 40));
-    }
-    return elements[static_cast<std::size_t>(call.args[0].asInt())];
-  });
-  run(made, [&](CalibrationRun& run) { run.finish(results); });
-  EXPECT_EQ(made.getCalibrationData()["photoSensorAD"].asInt(-5), 40) << "the grown third one";
-}
-
-TEST_F(Callbacks, FinishOfAListThatShrinksEndsEarlier) {
-  KovCalibrator made = calibrator();
-  const auto results = fakejvm::makeList({world.result("a", 0, 0, 1), world.result("b", 0, 0, 2)},
-                                         "results");
-  jvm->script(results, "get", [&](fakejvm::Call& call) -> Value {
-    const Value first = call.self->elements()[0];
-    call.self->setElements({first});
-    return first;
-  });
-  run(made, [&](CalibrationRun& run) { EXPECT_TRUE(run.finish(results)); });
-  EXPECT_EQ(std::count(logInside.begin(), logInside.end(),
-                       "CallBooleanMethodV ArrayList#1.add(a)"), 1);
-}
-
-TEST_F(Callbacks, FinishWithAnEmptyListAddsNothingAndStillNotifies) {
-  KovCalibrator made = calibrator();
-  run(made, [](CalibrationRun& run) { EXPECT_TRUE(run.finish(fakejvm::makeList({}, "none"))); });
-  EXPECT_EQ(delegate.events, std::vector<std::string>{"FinishCalibration"});
-  EXPECT_EQ(made.getCalibrationData().type(), pocketjson::Value::String);
-}
-
-TEST_F(Callbacks, FinishWithANullListIsAJavaError) {
-  KovCalibrator made = calibrator();
-  run(made, [](CalibrationRun& run) { run.finish(nullptr); }, OM_ERR_JAVA);
-  EXPECT_EQ(made.getErrorMsg(), "java/util/List.size()I called on null");
-  EXPECT_TRUE(delegate.events.empty());
-}
-
-TEST_F(Callbacks, NullResultIsKeptAsOne) {
-  KovCalibrator made = calibrator();
-  run(made, [](CalibrationRun& run) { run.finish(fakejvm::makeList({nullptr})); });
-  EXPECT_EQ(made.getCalibrationData().type(), pocketjson::Value::String);
-  EXPECT_EQ(made.getErrorMsg(),
-            "com/orva/kov/library/api/CalibrationResultValues.getMinLuminance()D called on null");
-}
-
 TEST_F(Callbacks, WithoutADelegateNothingIsForwardedAndMeasureIsNull) {
   KovCalibrator made("L5-X240", "SN0001", 0, device(), "text", "", nullptr);
   run(made, [](CalibrationRun& run) {
@@ -302,20 +211,23 @@ TEST_F(Callbacks, WithoutADelegateNothingIsForwardedAndMeasureIsNull) {
 
 TEST_F(Callbacks, AfterACancelOnlySerialNumberTypeAndFinishWork) {
   KovCalibrator made = calibrator();
-  run(made, [&](CalibrationRun& run) {
-    run.draw(255, 255, 255);
-    EXPECT_EQ(made.cancel(), OM_OK);
-    delegate.events.clear();
-    run.progress(99);
-    run.draw(1, 2, 3);
-    EXPECT_EQ(run.measure(), std::nullopt);
-    EXPECT_TRUE(delegate.events.empty());
-    EXPECT_EQ(run.serialNumber(), "METER-01");
-    EXPECT_EQ(run.deviceType(), 7);
-    EXPECT_TRUE(run.finishWith(200, 0.3, 55));
-    EXPECT_EQ(delegate.events, std::vector<std::string>{"FinishCalibration"});
-    throw fakejvm::JavaThrow("java/lang/IllegalStateException", "spares the pause");
-  }, OM_ERR_JAVA);
+  run(
+      made,
+      [&](CalibrationRun& run) {
+        run.draw(255, 255, 255);
+        EXPECT_EQ(made.cancel(), OM_OK);
+        delegate.events.clear();
+        run.progress(99);
+        run.draw(1, 2, 3);
+        EXPECT_EQ(run.measure(), std::nullopt);
+        EXPECT_TRUE(delegate.events.empty());
+        EXPECT_EQ(run.serialNumber(), "METER-01");
+        EXPECT_EQ(run.deviceType(), 7);
+        EXPECT_TRUE(run.finishWith(200, 0.3, 55));
+        EXPECT_EQ(delegate.events, std::vector<std::string>{"FinishCalibration"});
+        throw fakejvm::JavaThrow("java/lang/IllegalStateException", "spares the pause");
+      },
+      OM_ERR_JAVA);
   EXPECT_EQ(made.getCalibrationData()["photoSensorAD"].asInt(), 55);
 }
 

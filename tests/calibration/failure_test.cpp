@@ -23,8 +23,7 @@ struct Ready {
   Ready(FakeJvm&, KovWorld& fresh) : world(fresh), objects(fresh.addMonitor()) {
     resetFakeVendors();
     for (int i = 0; i < 2; ++i) world.addHistory(objects, i, "entry" + std::to_string(i));
-    made = std::make_unique<KovCalibrator>("L5-X240", "SN0001", 1, nullptr, "text", "",
-                                           &delegate);
+    made = std::make_unique<KovCalibrator>("L5-X240", "SN0001", 1, nullptr, "text", "", &delegate);
     made->registerCallback();
   }
   // Of an operation that gives a code; -1 stands for bad_alloc.

@@ -69,8 +69,7 @@ TEST_F(TargetFunction, ExpWithoutExpValueSetsTheExponentZero) {
 TEST_F(TargetFunction, LinearIsAGammaFunctionOfExponentOneWhateverExpValueSays) {
   Value target = function("LINEAR");
   target["ExpValue"] = 2.2;
-  EXPECT_EQ(callsFor(target),
-            (Lines{"setGammaModelType(\"Gamma Function\")", "setGammaValue(1)"}));
+  EXPECT_EQ(callsFor(target), (Lines{"setGammaModelType(\"Gamma Function\")", "setGammaValue(1)"}));
 }
 
 TEST_F(TargetFunction, AnyOtherTextSetsNothingAndSucceeds) {

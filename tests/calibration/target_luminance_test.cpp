@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Translation of a target: luminance, ambient light, colour point and the calibrator's own fields.
+// Translation of a target: luminance, ambient light and the calibrator's own fields.
 #include <gtest/gtest.h>
 
-#include <limits>
-#include <stdexcept>
-
-#include "tests/calibration/calibrator_fixture.h"
+#include "tests/calibration/target_fixture.h"
 
 namespace {
 
@@ -13,64 +10,7 @@ using namespace kovtest;
 using lumora::kov::KovCalibrator;
 using pocketjson::Value;
 
-class TargetLuminance : public CalibratorTest {
- protected:
-  Lines callsFor(const Value& target, double ambientLight = 0.0) {
-    KovCalibrator made = calibrator();
-    jvm.log.clear();
-    EXPECT_EQ(setTarget(made, target, {}, ambientLight), OM_OK);
-    Lines calls = targetCalls(jvm);
-    EXPECT_EQ(calls.back(), "setGammaModelTag(\"tag-entry0\")");
-    calls.pop_back();
-    return calls;
-  }
-  Lines callsFor(const char* key, const Value& value) {
-    Value target;
-    target[key] = value;
-    return callsFor(target);
-  }
-  static Value colour(const char* type) {
-    Value target;
-    target["ColorTemperatureType"] = type;
-    return target;
-  }
-  // What execute() passes after this target.
-  struct Fields {
-    bool useExternalSensors;
-    int graylevelCount;
-    bool measureBacklightResponse;
-    bool operator==(const Fields&) const = default;
-  };
-  Fields fieldsOf(KovCalibrator& made) {
-    Fields fields{};
-    world.onCalibrate([&](CalibrationRun& run) {
-      fields = {run.useExternalSensors, run.graylevelCount, run.measureBacklightResponse};
-    });
-    EXPECT_EQ(made.execute(), OM_OK);
-    return fields;
-  }
-  Fields fieldsFor(const char* key, const Value& value) {
-    Value target;
-    target[key] = value;
-    KovCalibrator made = calibrator();
-    EXPECT_EQ(setTarget(made, target), OM_OK);
-    return fieldsOf(made);
-  }
-  // The temperature that the colour library is asked for.
-  std::int32_t kelvinOf(const char* type) {
-    fakeChroma().inputs.clear();
-    const Lines calls = callsFor(colour(type));
-    EXPECT_EQ(calls.at(1), "setColorX(0.3127)") << type;
-    EXPECT_EQ(fakeChroma().inputs.size(), 1U);
-    const auto kelvin = FakeChroma::temperatureOf(fakeChroma().inputs.at(0));
-    EXPECT_TRUE(kelvin.has_value()) << "the rest of the record is not zero";
-    return kelvin.value_or(-999);
-  }
-};
-
-const Lines kNoColourPoint = {"setColorCalibration(1)", "setColorX(0)", "setColorY(0)"};
-const Lines kNoLuminance = {"setMaxLuminance(0)", "setMinLuminance(0)",
-                            "setUseMinimumLuminance(1)"};
+class TargetLuminance : public TargetTranslation {};
 
 TEST_F(TargetLuminance, EmptyTargetSetsTheDefaults) {
   Value empty;
@@ -190,88 +130,6 @@ TEST_F(TargetLuminance, KeysAreExact) {
   EXPECT_EQ(callsFor("LmaxValue ", Value(250.5)), kNoColourPoint + kNoLuminance);
 }
 
-TEST_F(TargetLuminance, ColourOffSetsNoColourCalibration) {
-  Value target = colour("OFF");
-  target["ColorXValue"] = 0.31;
-  EXPECT_EQ(callsFor(target),
-            (Lines{"setColorCalibration(0)", "setColorX(0)", "setColorY(0)"}) + kNoLuminance);
-  EXPECT_TRUE(fakeChroma().inputs.empty());
-}
-
-TEST_F(TargetLuminance, ColourOffInLowerCaseEnablesColourCalibration) {
-  EXPECT_EQ(callsFor(colour("off")), kNoColourPoint + kNoLuminance);
-}
-
-TEST_F(TargetLuminance, ColourCustomTakesTheTwoValues) {
-  Value target = colour("CUSTOM");
-  target["ColorXValue"] = "0.31";
-  target["ColorYValue"] = 1;
-  EXPECT_EQ(callsFor(target),
-            (Lines{"setColorCalibration(1)", "setColorX(0.31)", "setColorY(1)"}) + kNoLuminance);
-}
-
-TEST_F(TargetLuminance, ColourOfAnyOtherTextIsZeroZero) {
-  for (const char* type : {"", "Custom", "CUSTOM ", "k6500", "6500", "OFF ", " K6500"}) {
-    Value target = colour(type);
-    target["ColorXValue"] = 0.31;
-    target["ColorYValue"] = 0.33;
-    EXPECT_EQ(callsFor(target), kNoColourPoint + kNoLuminance) << type;
-  }
-  EXPECT_TRUE(fakeChroma().inputs.empty());
-}
-
-TEST_F(TargetLuminance, ColourTemperatureComesFromTheColourLibrary) {
-  fakeChroma().x = 0.283145;
-  fakeChroma().y = 0.297113;
-  fakeChroma().result = -1;  // not examined
-  EXPECT_EQ(callsFor(colour("K9300")),
-            (Lines{"setColorCalibration(1)", "setColorX(0.283145)", "setColorY(0.297113)"}) +
-                kNoLuminance);
-  EXPECT_EQ(FakeChroma::temperatureOf(fakeChroma().inputs.at(0)), 9300);
-}
-
-TEST_F(TargetLuminance, ColourTemperatureIsReadAsADecimalLong) {
-  EXPECT_EQ(kelvinOf("K6500"), 6500);
-  EXPECT_EQ(kelvinOf("K6500K"), 6500);
-  EXPECT_EQ(kelvinOf("K6500.9"), 6500);
-  EXPECT_EQ(kelvinOf("K 6500"), 6500);
-  EXPECT_EQ(kelvinOf("K \t\n\v\f\r6500"), 6500);
-  EXPECT_EQ(kelvinOf("K+6500"), 6500);
-  EXPECT_EQ(kelvinOf("K-6500"), -6500);
-  EXPECT_EQ(kelvinOf("K 0006500"), 6500);
-  EXPECT_EQ(kelvinOf("K0x20"), 0);
-  EXPECT_EQ(kelvinOf("K2147483647"), 2147483647);
-  EXPECT_EQ(kelvinOf("K-2147483648"), std::numeric_limits<std::int32_t>::min());
-}
-
-std::string errorOf(KovCalibrator& made, const Value& target) {
-  try {
-    setTarget(made, target);
-  } catch (const std::invalid_argument& e) {
-    return std::string("invalid: ") + e.what();
-  } catch (const std::out_of_range& e) {
-    return std::string("range: ") + e.what();
-  }
-  return "nothing";
-}
-
-TEST_F(TargetLuminance, ColourTemperatureWithoutDigitsLeavesAsInvalidArgument) {
-  KovCalibrator made = calibrator();
-  for (const char* type : {"K", "Kelvin", "K ", "K+", "K-", "K- 5", "K.5", "KK6500"}) {
-    EXPECT_EQ(errorOf(made, colour(type)), "invalid: invalid stol argument") << type;
-  }
-  EXPECT_EQ(made.getErrorMsg(), "");
-  EXPECT_TRUE(fakeChroma().inputs.empty());
-}
-
-TEST_F(TargetLuminance, ColourTemperatureBeyondThirtyTwoBitsLeavesAsOutOfRange) {
-  KovCalibrator made = calibrator();
-  for (const char* type : {"K2147483648", "K-2147483649", "K99999999999999999999999",
-                           "K-99999999999999999999999", "K4294967296"}) {
-    EXPECT_EQ(errorOf(made, colour(type)), "range: stol argument out of range") << type;
-  }
-}
-
 // All keys are read, and three stored, before the first Java call.
 TEST_F(TargetLuminance, FieldsAreStoredAlsoWhenTheTemperatureCannotBeRead) {
   Value target = colour("K");
@@ -302,8 +160,7 @@ TEST_F(TargetLuminance, StepsStopAtTheFirstFailureAndKeepWhatWasSet) {
   KovCalibrator made = calibrator();
   EXPECT_EQ(setTarget(made, target), OM_ERR_JAVA);
   EXPECT_EQ(made.getErrorMsg(), "dark");
-  EXPECT_EQ(targetCalls(jvm),
-            (kNoColourPoint + Lines{"setMaxLuminance(0)", "setMinLuminance(0)"}));
+  EXPECT_EQ(targetCalls(jvm), (kNoColourPoint + Lines{"setMaxLuminance(0)", "setMinLuminance(0)"}));
 }
 
 TEST_F(TargetLuminance, UnusedArgumentsAreIgnored) {

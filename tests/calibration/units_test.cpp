@@ -18,9 +18,9 @@ using lumora::kov::leadingLong;
 using lumora::kov::MeasurementDeviceCodeMap;
 
 constexpr std::pair<int, int> kCodesAndDevices[] = {
-    {-1, 1003}, {11, 103}, {13, 116}, {12, 104}, {9, 10},   {6, 163},  {7, 163},  {8, 1000},
-    {3, 162},   {10, 1001}, {15, 302}, {16, 9},   {17, 301}, {18, 151}, {19, 152}, {20, 150},
-    {21, 8},    {22, 153}, {23, 302}, {24, 154}, {25, 19},  {1004, 161}};
+    {-1, 1003}, {11, 103},  {13, 116}, {12, 104}, {9, 10},   {6, 163},   {7, 163},  {8, 1000},
+    {3, 162},   {10, 1001}, {15, 302}, {16, 9},   {17, 301}, {18, 151},  {19, 152}, {20, 150},
+    {21, 8},    {22, 153},  {23, 302}, {24, 154}, {25, 19},  {1004, 161}};
 
 TEST(DeviceCodes, EveryCodeHasItsDevice) {
   const MeasurementDeviceCodeMap map;
@@ -69,7 +69,10 @@ TEST(LeadingLong, AcceptsWhiteSpaceSignAndTrailingText) {
   EXPECT_EQ(leadingLong("-12abc"), -12);
   EXPECT_EQ(leadingLong("010"), 10);
   EXPECT_EQ(leadingLong("0x10"), 0);
-  EXPECT_EQ(leadingLong(std::string("12\0" "34", 5)), 12);
+  EXPECT_EQ(leadingLong(std::string("12\0"
+                                    "34",
+                                    5)),
+            12);
 }
 
 TEST(LeadingLong, ReachesBothEndsOfThirtyTwoBits) {

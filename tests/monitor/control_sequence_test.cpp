@@ -32,9 +32,9 @@ TEST_F(ControlSequence, GetPackageName) {
 TEST_F(ControlSequence, GetEdidModelName) {
   const Monitor monitor = handle();
   monitor.getEdidModelName();
-  EXPECT_EQ(jvm.log, inFrame(guardedObject("monitor.getEdidInformation()", "monitorEdid") +
-                             guardedText("monitorEdid.getModelName()", "L5X240") +
-                             released("monitorEdid")));
+  EXPECT_EQ(jvm.log,
+            inFrame(guardedObject("monitor.getEdidInformation()", "monitorEdid") +
+                    guardedText("monitorEdid.getModelName()", "L5X240") + released("monitorEdid")));
 }
 
 TEST_F(ControlSequence, GetEdidSerialNumber) {
@@ -68,9 +68,9 @@ TEST_F(ControlSequence, GetUsageTime) {
 TEST_F(ControlSequence, GetCalModeValue) {
   const Monitor monitor = handle();
   monitor.getCalModeValue();
-  EXPECT_EQ(jvm.log, inFrame(guardedObject("monitor.getActiveLut()", "monitorLut0") +
-                             guarded("CallIntMethodV monitorLut0.getIndex()") +
-                             released("monitorLut0")));
+  EXPECT_EQ(jvm.log,
+            inFrame(guardedObject("monitor.getActiveLut()", "monitorLut0") +
+                    guarded("CallIntMethodV monitorLut0.getIndex()") + released("monitorLut0")));
 }
 
 TEST_F(ControlSequence, SetCalModeValue) {
@@ -99,17 +99,17 @@ TEST_F(ControlSequence, IsKeyLockSupported) {
 TEST_F(ControlSequence, GetKeyLockState) {
   const Monitor monitor = handle();
   monitor.getKeyLockState();
-  EXPECT_EQ(jvm.log, inFrame(guardedObject("monitor.getOsd()", "monitorOsd") +
-                             guarded("CallBooleanMethodV monitorOsd.isLocked()") +
-                             released("monitorOsd")));
+  EXPECT_EQ(jvm.log,
+            inFrame(guardedObject("monitor.getOsd()", "monitorOsd") +
+                    guarded("CallBooleanMethodV monitorOsd.isLocked()") + released("monitorOsd")));
 }
 
 TEST_F(ControlSequence, SetKeyLockState) {
   const Monitor monitor = handle();
   monitor.setKeyLockState(OmCtrlKeyLockLocked);
-  EXPECT_EQ(jvm.log, inFrame(guardedObject("monitor.getOsd()", "monitorOsd") +
-                             guarded("CallVoidMethodV monitorOsd.setLocked(1)") +
-                             released("monitorOsd")));
+  EXPECT_EQ(jvm.log,
+            inFrame(guardedObject("monitor.getOsd()", "monitorOsd") +
+                    guarded("CallVoidMethodV monitorOsd.setLocked(1)") + released("monitorOsd")));
 }
 
 TEST_F(ControlSequence, GetGammaModelTag) {
@@ -136,10 +136,11 @@ TEST_F(ControlSequence, PerformCalibration) {
   jvm->object("targets", "java/util/ArrayList");
   const Monitor monitor = handle();
   monitor.performCalibration(jvm.local("targets"), true, -3, false, "M\xC3\xB6", 1LL << 40);
-  EXPECT_EQ(jvm.log,
-            inFrame(Lines{"NewStringUTF \"M\xC3\xB6\""} +
-                    guarded("CallVoidMethodV monitor.performCalibration(targets,1,-3,0,\"M\xC3\xB6\""
-                            ",1099511627776)")));
+  EXPECT_EQ(
+      jvm.log,
+      inFrame(Lines{"NewStringUTF \"M\xC3\xB6\""} +
+              guarded("CallVoidMethodV monitor.performCalibration(targets,1,-3,0,\"M\xC3\xB6\""
+                      ",1099511627776)")));
 }
 
 TEST_F(ControlSequence, PerformCalibrationPassesANullListOn) {
@@ -160,22 +161,21 @@ TEST_F(ControlSequence, GetCalibrationTargetData) {
   const auto flag = [](const std::string& getter) {
     return guarded("CallBooleanMethodV entryTarget." + getter + "()");
   };
-  EXPECT_EQ(
-      jvm.log,
-      inFrame(guardedObject("monitor.extractCalibrationData()", "monitorHistory") +
-                  guarded("CallIntMethodV monitorHistory.size()") +
-                  guardedObject("monitorHistory.get(0)", "other") +
-                  guarded("CallIntMethodV other.getLutNumber()") + released("other") +
-                  guardedObject("monitorHistory.get(1)", "entry") +
-                  guarded("CallIntMethodV entry.getLutNumber()") +
-                  guardedObject("entry.getCalibrationTargetValues()", "entryTarget") +
-                  number("getMaxLuminance") + number("getMinLuminance") +
-                  flag("isColorCalibration") + number("getColorX") + number("getColorY") +
-                  number("getAmbientLightValue") + flag("isUseMinimumLuminance") +
-                  number("getGammaValue") +
-                  guardedText("entryTarget.getGammaModelType()", "Dicom 14") +
-                  released("entryTarget") + released("entry") + released("monitorHistory"),
-              1024));
+  EXPECT_EQ(jvm.log,
+            inFrame(guardedObject("monitor.extractCalibrationData()", "monitorHistory") +
+                        guarded("CallIntMethodV monitorHistory.size()") +
+                        guardedObject("monitorHistory.get(0)", "other") +
+                        guarded("CallIntMethodV other.getLutNumber()") + released("other") +
+                        guardedObject("monitorHistory.get(1)", "entry") +
+                        guarded("CallIntMethodV entry.getLutNumber()") +
+                        guardedObject("entry.getCalibrationTargetValues()", "entryTarget") +
+                        number("getMaxLuminance") + number("getMinLuminance") +
+                        flag("isColorCalibration") + number("getColorX") + number("getColorY") +
+                        number("getAmbientLightValue") + flag("isUseMinimumLuminance") +
+                        number("getGammaValue") +
+                        guardedText("entryTarget.getGammaModelType()", "Dicom 14") +
+                        released("entryTarget") + released("entry") + released("monitorHistory"),
+                    1024));
 }
 
 }  // namespace

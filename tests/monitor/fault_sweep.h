@@ -35,7 +35,8 @@ class FaultSweep {
 
   // Null, zero or an error code from every JNI call that can fail that way, in turn.
   static int everyCallGivesNothing(const Check& check) {
-    return sweep(fakejvm::Fault::nullResult(), [](const std::string&) { return true; }, check);
+    return sweep(
+        fakejvm::Fault::nullResult(), [](const std::string&) { return true; }, check);
   }
 
  private:

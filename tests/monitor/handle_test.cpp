@@ -23,7 +23,8 @@ using lumora::Monitor;
 using Calls = std::vector<std::string>;
 
 static_assert(!std::is_default_constructible_v<Monitor>, "there is no empty handle to begin with");
-static_assert(!std::is_convertible_v<lumora::MonitorControl*, Monitor>, "ownership is not taken unasked");
+static_assert(!std::is_convertible_v<lumora::MonitorControl*, Monitor>,
+              "ownership is not taken unasked");
 static_assert(std::is_nothrow_move_constructible_v<Monitor> &&
                   std::is_nothrow_move_assignable_v<Monitor>,
               "vectors of handles move them");
@@ -168,14 +169,14 @@ TEST(MonitorHandle, ForwardsEveryOperationWithItsArgumentsAndResult) {
   monitor.abortCalibration();
   monitor.performCalibration(reinterpret_cast<jobject>(std::uintptr_t{4096}), true, -5, false,
                              "text", -1LL);
-  EXPECT_EQ(record.calls,
-            (Calls{"getModelName", "getSerialNumber", "getPackageName", "getEdidModelName",
-                   "getEdidSerialNumber", "getEdidProductYear", "getConnectionType",
-                   "getCalibrationTargetData 4294967295", "getUsageTime", "getCalModeValue",
-                   "setCalModeValue 4294967295", "getExtractCalibrationData",
-                   "getMonitorColorType", "isKeyLockSupported", "getKeyLockState",
-                   "setKeyLockState 10", "getGammaModelTag 7", "abortCalibration",
-                   "performCalibration 4096 1 -5 0 text -1"}));
+  EXPECT_EQ(
+      record.calls,
+      (Calls{"getModelName", "getSerialNumber", "getPackageName", "getEdidModelName",
+             "getEdidSerialNumber", "getEdidProductYear", "getConnectionType",
+             "getCalibrationTargetData 4294967295", "getUsageTime", "getCalModeValue",
+             "setCalModeValue 4294967295", "getExtractCalibrationData", "getMonitorColorType",
+             "isKeyLockSupported", "getKeyLockState", "setKeyLockState 10", "getGammaModelTag 7",
+             "abortCalibration", "performCalibration 4096 1 -5 0 text -1"}));
 }
 
 TEST(MonitorHandle, MovesTheTextOfPerformCalibrationToTheControl) {

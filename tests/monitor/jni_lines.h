@@ -29,7 +29,9 @@ inline Lines guardedText(const std::string& call, const std::string& text) {
 inline Lines guardedObject(const std::string& call, const std::string& object) {
   return guarded("CallObjectMethodV " + call) + Lines{"NewGlobalRef " + object};
 }
-inline Lines released(const std::string& object) { return {"DeleteGlobalRef " + object}; }
+inline Lines released(const std::string& object) {
+  return {"DeleteGlobalRef " + object};
+}
 // An operation in its local frame.
 inline Lines inFrame(const Lines& body, int capacity = 32) {
   return Lines{"PushLocalFrame " + std::to_string(capacity)} + body + Lines{"PopLocalFrame"};
@@ -41,10 +43,10 @@ inline Lines takesLibrary() {
 // getMonitorByName("<model>", "<serial>") with an answer.
 inline Lines looksUp(const std::string& monitor, const std::string& model = "L5-X240",
                      const std::string& serial = "SN0001") {
-  return inFrame(takesLibrary() +
-                 Lines{"NewStringUTF \"" + model + "\"", "NewStringUTF \"" + serial + "\""} +
-                 guardedObject("library.getMonitor(\"" + model + "\",\"" + serial + "\")", monitor) +
-                 released("library"));
+  return inFrame(
+      takesLibrary() + Lines{"NewStringUTF \"" + model + "\"", "NewStringUTF \"" + serial + "\""} +
+      guardedObject("library.getMonitor(\"" + model + "\",\"" + serial + "\")", monitor) +
+      released("library"));
 }
 
 }  // namespace kovtest

@@ -106,7 +106,8 @@ TEST_F(MonitorManager, MissingStatusClassSkipsItsLookUpsAndEndsAsUnexpectedStatu
 }
 
 TEST_F(MonitorManager, JavaExceptionOfTheSearchPropagatesUnchanged) {
-  jvm->script(kLibraryClass, "startMonitorSearch", fakejvm::throws("java/io/IOException", "no bus"));
+  jvm->script(kLibraryClass, "startMonitorSearch",
+              fakejvm::throws("java/io/IOException", "no bus"));
   EXPECT_EQ(javaExceptionOf([&] { manager.find(); }), "java.io.IOException: no bus");
 }
 
@@ -114,8 +115,7 @@ TEST_F(MonitorManager, GetMonitorsAsksInThisOrderAndKeepsTheListsOrder) {
   const MonitorObjects second = world.addMonitor("second");
   second.monitor->setField("model", "L5-M100");
   const std::vector<Monitor> monitors = manager.getMonitors();
-  EXPECT_EQ(jvm.log, inFrame(takesLibrary() +
-                                 guardedObject("library.getMonitors()", "monitors") +
+  EXPECT_EQ(jvm.log, inFrame(takesLibrary() + guardedObject("library.getMonitors()", "monitors") +
                                  released("library") + guarded("CallIntMethodV monitors.size()") +
                                  guardedObject("monitors.get(0)", "monitor") +
                                  guardedObject("monitors.get(1)", "second") + released("monitors"),

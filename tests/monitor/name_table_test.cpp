@@ -98,9 +98,10 @@ TEST_F(NameTable, RootElementIsLookedForByNameAmongItsSiblings) {
 }
 
 TEST_F(NameTable, FirstPackageNameAndFirstModelNameAreUsed) {
-  write(table("<PackageInfo><PackageName>A</PackageName><PackageName>B</PackageName>"
-              "<ModelInfo><ModelName>m</ModelName><ModelName>n</ModelName></ModelInfo>"
-              "</PackageInfo>"));
+  write(
+      table("<PackageInfo><PackageName>A</PackageName><PackageName>B</PackageName>"
+            "<ModelInfo><ModelName>m</ModelName><ModelName>n</ModelName></ModelInfo>"
+            "</PackageInfo>"));
   EXPECT_EQ(packageOf("m"), "A");
   EXPECT_EQ(packageOf("n"), "noPackage");
 }
@@ -113,16 +114,18 @@ TEST_F(NameTable, PackageNameMayFollowItsModels) {
 TEST_F(NameTable, ElementNamesAreComparedExactly) {
   write(table("<packageInfo><PackageName>A</PackageName>" + model("m") + "</packageInfo>" +
               "<PackageInfo><packagename>B</packagename><ModelInfo><modelName>n</modelName>"
-              "</ModelInfo>" + model("o") + "</PackageInfo>"));
+              "</ModelInfo>" +
+              model("o") + "</PackageInfo>"));
   EXPECT_EQ(packageOf("m"), "noPackage");
   EXPECT_EQ(packageOf("n"), "noPackage");
   EXPECT_EQ(packageOf("o"), "");
 }
 
 TEST_F(NameTable, OtherElementsAndAttributesAreIgnored) {
-  write(table("<Note>x</Note><PackageInfo name='X'><Extra/><PackageName lang='de'>A</PackageName>"
-              "<ModelInfo ModelName='z'><Extra>y</Extra><ModelName id='1'>m</ModelName>"
-              "</ModelInfo></PackageInfo><ModelInfo><ModelName>loose</ModelName></ModelInfo>"));
+  write(
+      table("<Note>x</Note><PackageInfo name='X'><Extra/><PackageName lang='de'>A</PackageName>"
+            "<ModelInfo ModelName='z'><Extra>y</Extra><ModelName id='1'>m</ModelName>"
+            "</ModelInfo></PackageInfo><ModelInfo><ModelName>loose</ModelName></ModelInfo>"));
   EXPECT_EQ(packageOf("m"), "A");
   EXPECT_EQ(packageOf("z"), "noPackage");
   EXPECT_EQ(packageOf("y"), "noPackage");
@@ -152,9 +155,9 @@ TEST_F(NameTable, WhiteSpaceInsideATextCounts) {
 TEST_F(NameTable, MalformedFileGivesNoPackageForEveryModel) {
   const std::string good = table(package("Alpha", model("L5-X240")));
   for (const std::string& text :
-       {std::string(), std::string("no markup"), good.substr(0, good.size() - 5), std::string("<KovMonitorName a=b/>"),
-        std::string(1, '\0') + good, table(package("Alpha", model("L5-X240") + "</Model>")),
-        std::string("<KovMonitorName>")}) {
+       {std::string(), std::string("no markup"), good.substr(0, good.size() - 5),
+        std::string("<KovMonitorName a=b/>"), std::string(1, '\0') + good,
+        table(package("Alpha", model("L5-X240") + "</Model>")), std::string("<KovMonitorName>")}) {
     write(text);
     EXPECT_EQ(packageOf("L5-X240"), "noPackage") << text;
   }

@@ -25,7 +25,8 @@ constexpr bool is(Found Record::*) {
 
 using His = KovCalibrationHisInfo;
 static_assert(is<std::uint16_t>(&His::lutNumber) && is<KovCalibrationTargetInfo>(&His::target) &&
-              is<std::uint16_t>(&His::backlightSensorValue) && is<KovCalibrationRunInfo>(&His::run) &&
+              is<std::uint16_t>(&His::backlightSensorValue) &&
+              is<KovCalibrationRunInfo>(&His::run) &&
               is<std::uint16_t>(&His::horizontalResolution) &&
               is<std::uint16_t>(&His::verticalResolution) &&
               is<std::int32_t>(&His::horizontalFrequency) &&
@@ -83,11 +84,21 @@ Offsets offsetsOf(const His& h) {
 }
 
 Offsets offsetsOf(const Target& t) {
-  return {at(t, t.deviceKind),   at(t, t.calibrationKind), at(t, t.maxLuminance),
-          at(t, t.minLuminance), at(t, t.reservedFlag),    at(t, t.colorMode),
-          at(t, t.colorX),       at(t, t.colorY),          at(t, t.displayFunction),
-          at(t, t.gammaValue),   at(t, t.validFlag),       at(t, t.ambientLight),
-          at(t, t.deviceId),     at(t, t.deviceSerialNumber), sizeof t};
+  return {at(t, t.deviceKind),
+          at(t, t.calibrationKind),
+          at(t, t.maxLuminance),
+          at(t, t.minLuminance),
+          at(t, t.reservedFlag),
+          at(t, t.colorMode),
+          at(t, t.colorX),
+          at(t, t.colorY),
+          at(t, t.displayFunction),
+          at(t, t.gammaValue),
+          at(t, t.validFlag),
+          at(t, t.ambientLight),
+          at(t, t.deviceId),
+          at(t, t.deviceSerialNumber),
+          sizeof t};
 }
 
 Offsets offsetsOf(const Run& r) {

@@ -59,7 +59,7 @@ template <class Result, class... Arguments>
 Result callSlot(MonitorControl& control, std::size_t slot, Arguments... arguments) {
   void** const table = *reinterpret_cast<void***>(&control);
   return reinterpret_cast<Result (*)(MonitorControl*, Arguments...)>(table[slot])(&control,
-                                                                                 arguments...);
+                                                                                  arguments...);
 }
 
 TEST(SlotOrder, SlotsOfAControlAnswerInTheExportedOrder) {
@@ -87,8 +87,8 @@ TEST(SlotOrder, SlotsOfAControlAnswerInTheExportedOrder) {
                 "getEdidSerialNumber", "getEdidProductYear", "getConnectionType",
                 "getCalibrationTargetData 1", "getUsageTime", "getCalModeValue",
                 "setCalModeValue 2", "getExtractCalibrationData", "getMonitorColorType",
-                "isKeyLockSupported", "getKeyLockState", "setKeyLockState 10",
-                "getGammaModelTag 3", "abortCalibration", "performCalibration 0 1 4 0 t 5"}));
+                "isKeyLockSupported", "getKeyLockState", "setKeyLockState 10", "getGammaModelTag 3",
+                "abortCalibration", "performCalibration 0 1 4 0 t 5"}));
   callSlot<void>(control, 1);  // the deleting destructor
   EXPECT_EQ(record.destroyed, 1);
 }

@@ -18,16 +18,17 @@ class StoredTarget : public MonitorTest {
 };
 
 TEST_F(StoredTarget, HasNineMembersOfTheseKinds) {
-  world.addHistory(objects, 3).target->setField("colorX", 0.31)
+  world.addHistory(objects, 3)
+      .target->setField("colorX", 0.31)
       .setField("colorY", 0.33)
       .setField("useMinimumLuminance", true)
       .setField("gammaValue", 2.2)
       .setField("gammaModelType", "Original");
   const Value target = read(3);
   ASSERT_EQ(target.type(), Value::Object);
-  EXPECT_EQ(target.keys(), (std::vector<std::string>{"colorX", "colorY", "displayFunction", "exp",
-                                                     "isColorValue", "lamb", "lmax", "lmin",
-                                                     "useLminFlag"}));
+  EXPECT_EQ(target.keys(),
+            (std::vector<std::string>{"colorX", "colorY", "displayFunction", "exp", "isColorValue",
+                                      "lamb", "lmax", "lmin", "useLminFlag"}));
   for (const char* number : {"lmax", "lmin", "colorX", "colorY", "lamb", "exp"}) {
     EXPECT_EQ(target[number].type(), Value::Double) << number;
   }
@@ -48,15 +49,15 @@ TEST_F(StoredTarget, HasNineMembersOfTheseKinds) {
 TEST_F(StoredTarget, ReadsTheMembersInThisOrder) {
   world.addHistory(objects, 0).target->setField("gammaModelType", "Gamma Function");
   read(0);
-  EXPECT_EQ(jvm.log.javaCalls(),
-            (Lines{"monitor.extractCalibrationData()", "monitorHistory.size()",
-                   "monitorHistory.get(0)", "entry.getLutNumber()",
-                   "entry.getCalibrationTargetValues()", "entryTarget.getMaxLuminance()",
-                   "entryTarget.getMinLuminance()", "entryTarget.isColorCalibration()",
-                   "entryTarget.getColorX()", "entryTarget.getColorY()",
-                   "entryTarget.getAmbientLightValue()", "entryTarget.isUseMinimumLuminance()",
-                   "entryTarget.getGammaValue()", "entryTarget.getGammaModelType()",
-                   "entryTarget.getGammaValue()"}));
+  EXPECT_EQ(
+      jvm.log.javaCalls(),
+      (Lines{"monitor.extractCalibrationData()", "monitorHistory.size()", "monitorHistory.get(0)",
+             "entry.getLutNumber()", "entry.getCalibrationTargetValues()",
+             "entryTarget.getMaxLuminance()", "entryTarget.getMinLuminance()",
+             "entryTarget.isColorCalibration()", "entryTarget.getColorX()",
+             "entryTarget.getColorY()", "entryTarget.getAmbientLightValue()",
+             "entryTarget.isUseMinimumLuminance()", "entryTarget.getGammaValue()",
+             "entryTarget.getGammaModelType()", "entryTarget.getGammaValue()"}));
 }
 
 TEST_F(StoredTarget, FirstOfTwoEntriesWithTheSameNumberIsUsed) {
@@ -148,7 +149,9 @@ TEST_F(DisplayFunctionCode, ComparesExactly) {
   EXPECT_EQ(codeOf("gamma function", 2.2), 0);
 }
 
-TEST_F(DisplayFunctionCode, Cie1976InLowerCaseIsZero) { EXPECT_EQ(codeOf("cie 1976"), 0); }
+TEST_F(DisplayFunctionCode, Cie1976InLowerCaseIsZero) {
+  EXPECT_EQ(codeOf("cie 1976"), 0);
+}
 
 TEST_F(DisplayFunctionCode, GammaWithinAMillionthOfOneIsFour) {
   EXPECT_EQ(codeOf("Gamma Function", 1.0000005), 4);

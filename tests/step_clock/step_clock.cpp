@@ -51,6 +51,8 @@ void StepClock::wait(unsigned milliseconds) {
 
 namespace lumora::platform {
 
-void sleepMilliseconds(unsigned milliseconds) { kovtest::StepClock::get().wait(milliseconds); }
+void sleepMilliseconds(unsigned milliseconds) {
+  kovtest::StepClock::get().wait(milliseconds);
+}
 
 }  // namespace lumora::platform
