@@ -7,13 +7,20 @@ set -euo pipefail
 
 build=(ca-certificates cmake g++ ninja-build openjdk-17-jdk-headless libtinyxml2-dev liblcms2-dev
        libcli11-dev libfmt-dev nlohmann-json3-dev)
-test=(libgtest-dev libgmock-dev dcmtk locales python3 python3-jsonschema)
-all=()
+test=(libgtest-dev libgmock-dev dcmtk python3 python3-jsonschema argyll)
+all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind)
+# Wanted only where the command of that name is missing: another packaging of it may be there.
+all_commands=(npm)
 
 case "${1:-}" in
   build) wanted=("${build[@]}") ;;
   test) wanted=("${build[@]}" "${test[@]}") ;;
-  all) wanted=("${build[@]}" "${test[@]}" "${all[@]}") ;;
+  all)
+    wanted=("${build[@]}" "${test[@]}" "${all[@]}")
+    for command in "${all_commands[@]}"; do
+      command -v "$command" >/dev/null || wanted+=("$command")
+    done
+    ;;
   *) echo "usage: $0 build|test|all" >&2; exit 2 ;;
 esac
 
