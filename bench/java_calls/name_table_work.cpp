@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// The package name of a model, from tables of different size, beside reading the file alone.
+#include <tinyxml2.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <string>
+
+#include "bench/support/measured.h"
+#include "bench/support/workstation.h"
+
+namespace {
+
+std::string tablePath() {
+  return std::string(std::getenv("L5KOV_COMMON_APPDATA")) +
+         "/ORVA/Lumora5/Data/Profile/KovMonitorName.xml";
+}
+
+// Ten models a package; the last one is the colour monitor's.
+void writeTable(std::int64_t models) {
+  std::ofstream file(tablePath());
+  file << "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<KovMonitorName>\n";
+  for (std::int64_t first = 0; first < models; first += 10) {
+    file << "  <PackageInfo>\n    <PackageName>package" << first << "</PackageName>\n";
+    for (std::int64_t i = first; i < first + 10 && i < models; ++i) {
+      const std::string model = i + 1 == models ? bench::kModel : "OR-Y" + std::to_string(i);
+      file << "    <ModelInfo>\n      <ModelName>" << model << "</ModelName>\n    </ModelInfo>\n";
+    }
+    file << "  </PackageInfo>\n";
+  }
+  file << "</KovMonitorName>\n";
+}
+
+void packageName(benchmark::State& state) {
+  const lumora::Monitor& monitor = bench::colourMonitor();
+  writeTable(state.range(0));
+  bench::measure(state, [&] { return monitor.getPackageName(); });
+  if (monitor.getPackageName().find("package") != 0) state.SkipWithError("not found");
+}
+
+void loadFile(benchmark::State& state) {
+  writeTable(state.range(0));
+  const std::string path = tablePath();
+  bench::measure(state, [&] {
+    tinyxml2::XMLDocument document;
+    return document.LoadFile(path.c_str());
+  });
+}
+
+}  // namespace
+
+BENCHMARK(packageName)->Name("package_name/library")->Arg(20)->Arg(1000)->Arg(10000);
+BENCHMARK(loadFile)->Name("package_name/raw")->Arg(20)->Arg(1000)->Arg(10000);
