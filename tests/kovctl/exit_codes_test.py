@@ -1,0 +1,175 @@
+# SPDX-License-Identifier: MIT
+"""Every exit code, reached as a user would reach it."""
+import json
+import signal
+import unittest
+
+import schemas
+from harness import COLOUR, KovctlTest, NO_HISTORY, is_patch
+
+SENDING = {"class": "java.io.IOException", "message": "port 3: Error sending data (timeout)"}
+
+
+class ExitCodes(KovctlTest):
+    def error(self, *arguments, code):
+        """The same with and without JSON; the error document."""
+        text = self.run_kovctl(*arguments, code=code)
+        self.assertTrue(text.err.startswith("kovctl: ") or "\nkovctl: " in text.err, text)
+        document = schemas.check(self.run_kovctl(*arguments, "--json", code=code).json)
+        self.assertEqual(document["exitCode"], code)
+        return document
+
+    def test_0_ok(self):
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+
+    def test_1_java(self):
+        self.faults({"call": "Monitor.getColorType", "nth": 0,
+                     "class": "java.lang.IllegalStateException", "message": "firmware too old"})
+        document = self.error("list", code=1)
+        self.assertEqual(document["message"], "java.lang.IllegalStateException: firmware too old")
+
+    def test_1_java_during_a_calibration(self):
+        self.faults({"call": "Calibration.load", "class": "java.lang.IllegalStateException",
+                     "message": "no room for the table"})
+        document = schemas.check(
+            self.run_kovctl("calibrate", "-m", COLOUR, "--lut", "2", "--json", code=1).json)
+        result = document["record"]["result"]
+        self.assertEqual(result["error"]["name"], "OM_ERR_JAVA")
+        self.assertEqual(result["error"]["text"], "no room for the table")
+        self.assertEqual(result["monitorState"], "restored")
+        self.assertEqual(document["verdict"]["outcome"] == "pass", False)
+        self.assertEqual(self.active_lut(), 0)
+
+    def test_1_monitor_without_history(self):
+        document = self.error("calibrate", "-m", NO_HISTORY, code=1)
+        self.assertIn("target was not accepted", document["message"])
+
+    def test_2_usage(self):
+        for arguments in ((), ("calibrat",), ("calibrate", "--lut", "-1"), ("list", "--frob"),
+                          ("lock",), ("lock", "ajar"), ("list", "-q", "-v"),
+                          ("verify", "--points", "17"), ("list", "--json", "--json-lines")):
+            result = self.run_kovctl(*arguments, code=2)
+            self.assertTrue(result.err, arguments)
+            self.assertEqual(result.out, "", arguments)
+
+    def test_2_values_that_make_no_sense(self):
+        missing = self.folder / "none.json"
+        for arguments in (("--lmax", "bright"), ("--lmin", "300"), ("--white", "6500"),
+                          ("--function", "gamma"), ("--limits", "mine"), ("--target", missing),
+                          ("--instrument", "eye"), ("--ambient", "-1")):
+            self.error("calibrate", "-m", COLOUR, *arguments, code=2)
+        self.error("report", missing, code=2)
+        missing.write_text("{}")
+        self.error("report", missing, code=2)
+
+    def test_2_argyll_without_a_screen(self):
+        document = self.error("verify", "-m", COLOUR, "--instrument", "argyll", code=2)
+        self.assertIn("--display", document["message"])
+
+    def test_3_monitor_not_found(self):
+        document = self.error("show", "-m", "OR-X", code=3)
+        self.assertIn("no monitor found", document["message"])
+        self.assertEqual(len(document["details"]), 4)
+
+    def test_3_monitor_ambiguous(self):
+        document = self.error("show", "-m", "OR-C", code=3)
+        self.assertIn("ambiguous", document["message"])
+        self.assertEqual(len(document["details"]), 3)
+
+    def test_3_no_choice_and_nobody_to_ask(self):
+        document = self.error("calibrate", code=3)
+        self.assertEqual(len(document["details"]), 4)
+
+    def test_4_outside_limits(self):
+        document = schemas.check(
+            self.run_kovctl("verify", "-m", COLOUR, "--function", "dicom", "--json", code=4).json)
+        self.assertEqual(document["verdict"]["outcome"], "fail")
+        self.assertEqual(document["record"]["result"]["monitorState"], "unchanged")
+
+    def test_4_but_not_where_nothing_is_judged(self):
+        self.run_kovctl("verify", "-m", COLOUR, "--function", "dicom", "--limits", "none")
+
+    def test_5_no_plugins(self):
+        self.environment["L5KOV_COMMON_APPDATA"] = str(self.folder / "none")
+        self.assertIn("plug-in folder is missing", self.error("list", code=5)["message"])
+
+    def test_5_no_runtime(self):
+        (self.plugins / "com.orva.lumora.jre/jre").unlink()
+        self.assertIn("Java runtime is missing", self.error("list", code=5)["message"])
+
+    def test_5_no_jars(self):
+        self.jar.unlink()
+        self.error("list", code=5)
+
+    def test_6_communication(self):
+        self.faults({"call": "Monitor.getColorType", "nth": 0, **SENDING})
+        self.error("list", code=6)
+
+    def test_6_communication_during_a_calibration(self):
+        self.faults({"call": "Calibration.measure", "nth": 20, **SENDING})
+        document = schemas.check(
+            self.run_kovctl("calibrate", "-m", COLOUR, "--json", code=6).json)
+        self.assertEqual(document["record"]["result"]["error"]["name"], "OM_ERR_COMMUNICATION")
+        self.assertEqual(document["record"]["result"]["monitorState"], "restored")
+
+    def test_6_monitor_disappears(self):
+        self.faults({"call": "Calibration.measure", "nth": 20, "action": "lose"})
+        result = self.run_kovctl("calibrate", "-m", COLOUR, "--json", code=6)
+        document = schemas.check(result.json)
+        self.assertEqual(document["record"]["result"]["monitorState"], "unknown")
+        self.assertIn("Monitor state: NOT KNOWN", result.err)
+        # What was measured is not lost.
+        self.assertEqual(len(document["record"]["patches"]), 20)
+
+    def test_7_instrument(self):
+        document = self.error("verify", "-m", COLOUR, "--instrument", "icc:/none.icc", code=7)
+        self.assertIn("icclu", document["message"])
+
+    def test_8_output(self):
+        result = self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--report",
+                                 "/dev/full", code=8)
+        self.assertIn("nothing was written to /dev/full", result.err)
+        self.assertIn("PASS", result.out)
+
+    def test_8_lost_standard_output(self):
+        with open("/dev/full", "wb") as full:
+            result = self.run_kovctl("list", stdout=full, code=8)
+        self.assertIn("could not be written", result.err)
+
+    def canceled(self, number, code):
+        process = self.start("calibrate", "-m", COLOUR, "--lut", "2", "--json-lines")
+        result = self.interrupt_after(process, is_patch(10), number)
+        self.assertEqual(result.code, code, result)
+        document = schemas.check(result.lines[-1])
+        self.assertTrue(document["record"]["result"]["canceled"])
+        return document, result
+
+    def test_130_canceled_and_restored(self):
+        self.settings(patch__delay__ms="30")
+        document, result = self.canceled(signal.SIGINT, 130)
+        self.assertEqual(document["record"]["result"]["monitorState"], "restored")
+        self.assertEqual(document["record"]["result"]["error"]["name"], "OM_ERR_CANCELED")
+        waits = [event["secondsLeft"] for event in result.lines if event.get("event") == "wait"]
+        self.assertEqual(waits[0], 10)
+        self.assertEqual(waits, sorted(waits, reverse=True))
+        self.assertGreaterEqual(len(waits), 9)
+        self.assertIn("look-up table 0 is active, read back", result.err)
+        self.assertEqual(self.active_lut(), 0)
+        self.assertEqual(len(self.run_kovctl("history", "-m", COLOUR, "--json").json["entries"]), 5)
+
+    def test_131_restore_failed(self):
+        self.settings(patch__delay__ms="30")
+        self.faults({"call": "LookUpTable.activate", "nth": 0, **SENDING})
+        document, result = self.canceled(signal.SIGTERM, 131)
+        self.assertEqual(document["record"]["result"]["monitorState"], "unknown")
+        self.assertIn("Monitor state: NOT KNOWN: look-up table 0 could not be activated", result.err)
+        # The next one puts it back.
+        self.faults()
+        self.assertEqual(self.run_kovctl("show", "-m", COLOUR, "--json").json["pendingRestore"], 0)
+        self.assertEqual(self.run_kovctl("restore", "-m", COLOUR, "--json").json["lut"], 0)
+        shown = self.run_kovctl("show", "-m", COLOUR, "--json").json
+        self.assertEqual((shown["activeLut"], shown["pendingRestore"]), (0, None))
+
+
+if __name__ == "__main__":
+    unittest.main()

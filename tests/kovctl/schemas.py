@@ -1,0 +1,30 @@
+# SPDX-License-Identifier: MIT
+"""JSON documents against the schemas that come with kovctl."""
+import json
+
+import jsonschema
+
+from harness import SCHEMAS
+
+STORE = {path.name: json.loads(path.read_text(encoding="utf-8")) for path in
+         SCHEMAS.glob("*.schema.json")}
+
+
+def validator(name):
+    schema = STORE[name + ".schema.json"]
+    jsonschema.Draft202012Validator.check_schema(schema)
+    resolver = jsonschema.RefResolver(name + ".schema.json", schema, store=STORE)
+    return jsonschema.Draft202012Validator(schema, resolver=resolver)
+
+
+def check(document):
+    """By the schema that the document names."""
+    name = document["schema"]
+    assert name.startswith("kovctl-"), name
+    validator(name[len("kovctl-"):]).validate(document)
+    return document
+
+
+def check_event(event):
+    validator("event").validate(event)
+    return event

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#include <fmt/format.h>
+
+#include "commands/commands.h"
+#include "failure.h"
+#include "monitors/found_monitors.h"
+#include "monitors/mode_keeper.h"
+#include "system/interrupts.h"
+
+namespace kovctl {
+namespace {
+
+// What was asked for, what a killed run has left, or the active table once more.
+unsigned wantedMode(const ChosenMonitor& chosen, std::optional<int> lut) {
+  if (lut) return static_cast<unsigned>(*lut);
+  return ModeKeeper::remembered(chosen.name).value_or(chosen.monitor.getCalModeValue());
+}
+
+ExitCode restore(Context& context, const std::string& wanted, std::optional<int> lut) {
+  const ChosenMonitor chosen = chooseMonitor(context, wanted);
+  sys::catchInterrupts();
+  const unsigned before = chosen.monitor.getCalModeValue();
+  const unsigned mode = wantedMode(chosen, lut);
+  const ModeResult result = activateMode(chosen.monitor, mode);
+  if (result.restored) ModeKeeper::forget(chosen.name);
+  const std::string sentence = chosen.name.text() + ": " + result.sentence;
+  if (result.restored) {
+    context.out().print(sentence + "\n");
+  } else {
+    context.out().error(sentence);
+  }
+  Json document = documentOf("restore");
+  document["monitor"] = chosen.name.text();
+  document["lutBefore"] = before;
+  document["lut"] = mode;
+  document["restored"] = result.restored;
+  document["state"] = result.sentence;
+  context.out().document(document);
+  return result.restored ? ExitCode::kOk : ExitCode::kRestoreFailed;
+}
+
+}  // namespace
+
+void addRestoreCommand(CLI::App& program, Context& context) {
+  CLI::App* const command = program.add_subcommand(
+      "restore", "Activate a look-up table: the one given, else the one that was active before a "
+                 "run that was killed, else the active one again");
+  const auto wanted = std::make_shared<std::string>();
+  const auto lut = std::make_shared<std::optional<int>>();
+  addMonitorOption(*command, *wanted);
+  command->add_option("--lut", *lut, "Look-up table, counted from 0")
+      ->type_name("N")->check(CLI::Range(0, 65534));
+  command->callback([&context, wanted, lut] {
+    context.command = [&context, wanted, lut] { return restore(context, *wanted, *lut); };
+  });
+}
+
+}  // namespace kovctl

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#ifndef L5KOV_TOOLS_KOVCTL_DOCTOR_FILE_CHECKS_H_
+#define L5KOV_TOOLS_KOVCTL_DOCTOR_FILE_CHECKS_H_
+
+#include "doctor/check.h"
+#include "doctor/plugin_layout.h"
+
+namespace kovctl {
+
+// What can be found out from files alone, without Java and without libl5kov.
+void checkFolders(CheckList& list, const PluginLayout& layout);
+void checkRuntime(CheckList& list, const PluginLayout& layout);
+void checkJars(CheckList& list, const PluginLayout& layout);
+void checkNameTable(CheckList& list, const PluginLayout& layout);
+void checkVendorLibraries(CheckList& list);
+
+/// All of them.
+void checkFiles(CheckList& list, const PluginLayout& layout);
+
+}  // namespace kovctl
+
+#endif  // L5KOV_TOOLS_KOVCTL_DOCTOR_FILE_CHECKS_H_
