@@ -1,0 +1,50 @@
+# SPDX-License-Identifier: MIT
+# cmake -DLIBRARY=libl5kov.so -DREADELF=readelf -DOPTIMISED=ON|OFF -DX86=ON|OFF -P hardening_test.cmake
+# What the linker and the compiler were told, read back from the shipped library.
+cmake_minimum_required(VERSION 3.25)
+set(failures "")
+
+function(read_binary variable)
+  execute_process(COMMAND ${READELF} ${ARGN} ${LIBRARY}
+    OUTPUT_VARIABLE text RESULT_VARIABLE result)
+  if(result OR text STREQUAL "")
+    message(FATAL_ERROR "readelf ${ARGN} ${LIBRARY}: ${result}")
+  endif()
+  set(${variable} "${text}" PARENT_SCOPE)
+endfunction()
+function(expect text pattern reason)
+  if(NOT ${text} MATCHES "${pattern}")
+    set(failures ${failures} "missing: ${reason}" PARENT_SCOPE)
+  endif()
+endfunction()
+function(refuse text pattern reason)
+  if(${text} MATCHES "${pattern}")
+    set(failures ${failures} "found: ${reason}" PARENT_SCOPE)
+  endif()
+endfunction()
+
+read_binary(segments -lW)
+read_binary(dynamic -dW)
+read_binary(symbols --dyn-syms -W)
+read_binary(notes -nW)
+
+expect(segments "GNU_RELRO" "tables that become read-only after loading")
+expect(dynamic "BIND_NOW|FLAGS_1[^\n]*NOW" "all functions bound when loaded")
+expect(segments "GNU_STACK[^\n]* RW " "a stack without the right to run code")
+refuse(segments "LOAD[^\n]* RWE " "memory that is writable and runnable")
+refuse(dynamic "TEXTREL" "code that the loader must change")
+expect(symbols "__stack_chk_fail" "stack canaries")
+if(OPTIMISED)
+  expect(symbols "__[a-z]+_chk@GLIBC" "checked copies")
+endif()
+if(X86)
+  expect(notes "IBT, SHSTK" "branch targets and shadow stack")
+endif()
+# The maker's libraries come from beside this one or from where the system looks; never from the
+# current folder (an empty entry) and never from where it was built.
+expect(dynamic "RUNPATH[^\n]*[[][$]ORIGIN[]]" "a search path of exactly $ORIGIN")
+refuse(dynamic "\\(RPATH\\)" "a search path that goes before LD_LIBRARY_PATH")
+if(failures)
+  list(JOIN failures "\n  " text)
+  message(FATAL_ERROR "${LIBRARY}:\n  ${text}")
+endif()

@@ -1,0 +1,38 @@
+# SPDX-License-Identifier: MIT
+# reliability_real_faults: the library over the Java runtime that builds it, with the simulator.
+set(classes ${CMAKE_CURRENT_BINARY_DIR}/classes)
+set(planted ${CMAKE_CURRENT_BINARY_DIR}/planted)
+set(throwing ${CMAKE_CURRENT_BINARY_DIR}/throwing.jar)
+# Not compressed, so that a test can change the class file in place.
+add_custom_command(OUTPUT ${throwing}
+  COMMAND ${L5KOV_JAVAC} --release 8 -nowarn -Xlint:-options -d ${classes}
+          ${CMAKE_CURRENT_SOURCE_DIR}/java/com/orva/kov/library/api/Osd.java
+  COMMAND ${L5KOV_JAVAC} --release 8 -nowarn -Xlint:-options -d ${planted}
+          ${CMAKE_CURRENT_SOURCE_DIR}/java/planted/Planted.java
+  COMMAND ${L5KOV_JAR} cf0 ${throwing} -C ${classes} .
+  DEPENDS java/com/orva/kov/library/api/Osd.java java/planted/Planted.java
+  VERBATIM)
+add_custom_target(reliability_jars DEPENDS ${throwing})
+
+get_filename_component(home ${L5KOV_JAVAC} REALPATH)
+get_filename_component(home ${home}/../.. ABSOLUTE)
+set(root ${CMAKE_CURRENT_BINARY_DIR}/appdata)
+add_executable(reliability_real_faults
+  real_faults_test.cpp
+  ${PROJECT_SOURCE_DIR}/tests/real/support.cpp
+  ${PROJECT_SOURCE_DIR}/tests/real/system_posix.cpp)
+target_include_directories(reliability_real_faults PRIVATE ${PROJECT_SOURCE_DIR})
+target_compile_definitions(reliability_real_faults PRIVATE
+  L5KOV_TEST_THROWING_JAR="${throwing}" L5KOV_TEST_PLANTED_FOLDER="${planted}")
+target_link_libraries(reliability_real_faults PRIVATE
+  l5kov_options l5kov::l5kov l5kov_jni meter_x64 chroma_x64 GTest::gtest GTest::gtest_main
+  ${CMAKE_DL_LIBS})
+target_link_options(reliability_real_faults PRIVATE -Wl,--no-as-needed)
+add_dependencies(reliability_real_faults simulator reliability_jars)
+add_custom_command(TARGET reliability_real_faults POST_BUILD
+  COMMAND ${CMAKE_COMMAND} -E rm -rf ${root}
+  COMMAND ${CMAKE_COMMAND} -DROOT=${root} -DJAVA_HOME=${home} -DSIMULATOR_DIR=${L5KOV_SIMULATOR_DIR}
+          -P ${PROJECT_SOURCE_DIR}/simulator/layout.cmake
+  VERBATIM)
+gtest_discover_tests(reliability_real_faults DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180
+  ENVIRONMENT "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${L5KOV_SIMULATOR_DIR}")

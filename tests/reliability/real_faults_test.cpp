@@ -1,0 +1,185 @@
+// SPDX-License-Identifier: MIT
+// A broken plug-in installation, and a hostile surrounding, over the real Java runtime: what the
+// host sees. Each test lays out an installation of its own, with one thing wrong.
+#include <gtest/gtest.h>
+#include <jni.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "tests/real/support.h"
+#include "tests/real/system.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using lumora::kov::KovMonitorManager;
+using lumora::kov::java::Env;
+using lumora::kov::java::JavaException;
+using realtest::Workstation;
+
+constexpr const char* kToolOptions = "JAVA_TOOL_OPTIONS";
+
+std::string contentOf(const fs::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+void write(const fs::path& file, const std::string& content) {
+  fs::remove(file);
+  std::ofstream(file, std::ios::binary) << content;
+}
+
+// The exception that an operation ends with: "class: message".
+template <class Operation>
+std::string outcomeOf(Operation operation) {
+  try {
+    operation();
+  } catch (const JavaException& e) {
+    return e.getClassName() + ": " + e.what();
+  } catch (const std::exception& e) {
+    return e.what();
+  }
+  return "nothing";
+}
+
+class BrokenInstallation : public testing::Test {
+ protected:
+  BrokenInstallation() {
+    fs::copy(Workstation::root(), root,
+             fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+    realtest::system::setVariable("L5KOV_COMMON_APPDATA", root.string());
+  }
+  ~BrokenInstallation() override {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+  }
+
+  fs::path plugins() const { return root / "ORVA/Lumora5/plugins"; }
+  fs::path libraryJar() const {
+    return plugins() / "com.orva.lumora.common.monitorcom.kov/external/KOVLibrary.jar";
+  }
+  fs::path dataImportJar() const {
+    return plugins() / "com.orva.lumora.dataImport/external/dataImport.jar";
+  }
+  // In place of the linked Java runtime: nothing but a library file.
+  fs::path ownRuntime() const {
+    const fs::path jre = plugins() / "com.orva.lumora.jre/jre";
+    fs::remove(jre);
+    fs::create_directories(jre / "lib/server");
+    return jre / "lib/server/libjvm.so";
+  }
+  // The maker's library is not there: start-up succeeds, and the first use says what is missing.
+  static void expectTheLibraryToBeMissed() {
+    EXPECT_TRUE(Env()->hasClasses());
+    for (int i = 0; i < 2; ++i) {
+      EXPECT_EQ(outcomeOf([] { KovMonitorManager::get().find(); }),
+                "java.lang.NoSuchMethodError: com/orva/kov/library/impl/KovMonitorLibrary."
+                "getInstance()Lcom/orva/kov/library/api/MonitorLibrary;");
+    }
+  }
+  // One class is missed and everything else works.
+  static void expectOnlyTheLockToBeMissed() {
+    const lumora::Monitor monitor = Workstation::findColourMonitor();
+    EXPECT_EQ(monitor.getModelName(), "OR-C321");
+    EXPECT_EQ(outcomeOf([&] { monitor.getKeyLockState(); }),
+              "java.lang.NoSuchMethodError: com/orva/kov/library/api/Osd.isLocked()Z");
+    EXPECT_FALSE(monitor.getExtractCalibrationData().empty());
+  }
+
+  const Workstation workstation;
+  const fs::path folder = realtest::system::makeFolder();
+  const fs::path root = folder / "appdata";
+};
+
+TEST_F(BrokenInstallation, WithTheLibraryJarTruncated) {
+  const std::string whole = contentOf(libraryJar());
+  ASSERT_GT(whole.size(), 1000u);
+  write(libraryJar(), whole.substr(0, whole.size() / 2));
+  expectTheLibraryToBeMissed();
+}
+TEST_F(BrokenInstallation, WithTheLibraryJarEmpty) {
+  write(libraryJar(), "");
+  expectTheLibraryToBeMissed();
+}
+TEST_F(BrokenInstallation, WithTheLibraryJarMissing) {
+  fs::remove(libraryJar());
+  expectTheLibraryToBeMissed();
+}
+TEST_F(BrokenInstallation, WithAFolderInPlaceOfTheLibraryJar) {
+  fs::remove(libraryJar());
+  fs::create_directory(libraryJar());
+  expectTheLibraryToBeMissed();
+}
+TEST_F(BrokenInstallation, WithTheDataImportJarFullOfGarbageOnlyThatJarIsMissed) {
+  write(dataImportJar(), std::string(100000, '\xA5'));
+  EXPECT_EQ(Workstation::findColourMonitor().getModelName(), "OR-C321");
+}
+TEST_F(BrokenInstallation, WithAClassWhoseStaticInitialiserThrows) {
+  write(dataImportJar(), contentOf(L5KOV_TEST_THROWING_JAR));
+  expectOnlyTheLockToBeMissed();
+}
+TEST_F(BrokenInstallation, WithAClassOfANewerJava) {
+  // The jar is not compressed: the class file's major version can be changed in place.
+  std::string jar = contentOf(L5KOV_TEST_THROWING_JAR);
+  const std::size_t at = jar.find("\xCA\xFE\xBA\xBE");
+  ASSERT_NE(at, std::string::npos);
+  jar[at + 7] = '\x7F';
+  write(dataImportJar(), jar);
+  expectOnlyTheLockToBeMissed();
+}
+
+TEST_F(BrokenInstallation, WithARuntimeOf32Bits) {
+  std::string library = contentOf(fs::canonical("/proc/self/exe")).substr(0, 65536);
+  ASSERT_EQ(library.substr(0, 4),
+            "\x7F"
+            "ELF");
+  library[4] = 1;  // EI_CLASS: ELFCLASS32
+  write(ownRuntime(), library);
+  EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
+  EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
+}
+TEST_F(BrokenInstallation, WithATruncatedRuntime) {
+  const std::string library = contentOf(plugins() / "com.orva.lumora.jre/jre/lib/server/libjvm.so");
+  write(ownRuntime(), library.substr(0, 8192));
+  EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
+}
+
+TEST_F(BrokenInstallation, WithRubbishInTheToolOptionsCannotStartOrStarts) {
+  realtest::system::setVariable(kToolOptions, "-Xrubbish --nonsense=1 '");
+  EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
+}
+// The Java runtime itself ends the process; nothing in it could stop that.
+TEST_F(BrokenInstallation, WithAnImpossibleHeapInTheToolOptionsTheJavaRuntimeExits) {
+  EXPECT_EXIT(
+      {
+        realtest::system::setVariable(kToolOptions, "-Xms64m -Xmx32m");
+        Env();
+      },
+      testing::ExitedWithCode(1), "");
+}
+
+// A class that lies in the current folder is not found; that it could be is shown by the option
+// that names the folder.
+class CurrentFolder : public BrokenInstallation {
+ protected:
+  CurrentFolder() { fs::current_path(L5KOV_TEST_PLANTED_FOLDER); }
+  static bool plantedClassIsFound() {
+    JNIEnv* env = Env()->env();
+    const bool found = env->FindClass("Planted") != nullptr;
+    env->ExceptionClear();
+    return found;
+  }
+};
+
+TEST_F(CurrentFolder, IsNotOnTheClassPath) {
+  EXPECT_FALSE(plantedClassIsFound());
+}
+
+TEST_F(CurrentFolder, CountsWhereTheToolOptionsNameIt) {
+  realtest::system::setVariable(kToolOptions, "-Xbootclasspath/a:.");
+  EXPECT_TRUE(plantedClassIsFound());
+}
+
+}  // namespace
