@@ -56,7 +56,7 @@ TEST(Files, AreRecognised) {
 }
 
 TEST(Subprocess, TalksAndEnds) {
-  sys::Subprocess cat({{"cat"}, {}});
+  sys::Subprocess cat({{"cat"}, {}, false});
   ASSERT_TRUE(cat.write("hello\n"));
   std::string text;
   while (text != "hello\n") {
@@ -71,7 +71,7 @@ TEST(Subprocess, TalksAndEnds) {
 TEST(Subprocess, IsEndedThoughItDoesNotWantTo) {
   const auto start = std::chrono::steady_clock::now();
   {
-    sys::Subprocess stubborn({{"sh", "-c", "trap '' TERM; echo up; while :; do sleep 1; done"}, {}});
+    sys::Subprocess stubborn({{"sh", "-c", "trap '' TERM; echo up; while :; do sleep 1; done"}, {}, false});
     std::string text;
     while (text != "up\n") {
       ASSERT_EQ(stubborn.read(text, std::chrono::seconds(10)), sys::Subprocess::Read::kData);
@@ -81,11 +81,24 @@ TEST(Subprocess, IsEndedThoughItDoesNotWantTo) {
 }
 
 TEST(Subprocess, GetsItsEnvironment) {
-  sys::Subprocess shell({{"sh", "-c", "echo $KOVCTL_TEST"}, {{"KOVCTL_TEST", "a b"}}});
+  sys::Subprocess shell({{"sh", "-c", "echo $KOVCTL_TEST"}, {{"KOVCTL_TEST", "a b"}}, false});
   std::string text;
   while (shell.read(text, std::chrono::seconds(10)) == sys::Subprocess::Read::kData) {
   }
   EXPECT_EQ(text, "a b\n");
+}
+
+TEST(Subprocess, CanBeGivenATerminalThatChangesNoByte) {
+  sys::Subprocess shell({{"sh", "-c", "test -t 1 && printf 'a\\nb\\n'; read line"}, {}, true});
+  std::string text;
+  while (text.size() < 4) {
+    ASSERT_EQ(shell.read(text, std::chrono::seconds(10)), sys::Subprocess::Read::kData);
+  }
+  EXPECT_EQ(text, "a\nb\n");
+  shell.closeInput();
+  while (shell.read(text, std::chrono::seconds(10)) == sys::Subprocess::Read::kData) {
+  }
+  EXPECT_EQ(text, "a\nb\n");
 }
 
 }  // namespace

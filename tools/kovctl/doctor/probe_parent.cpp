@@ -19,7 +19,7 @@ struct Finished {
 
 Finished run(const std::string& what, const std::string& javaOptions) {
   using Clock = std::chrono::steady_clock;
-  sys::Subprocess::Start start{{sys::executable(), "doctor", "--probe", what}, {}};
+  sys::Subprocess::Start start{{sys::executable(), "doctor", "--probe", what}, {}, false};
   if (!javaOptions.empty()) {
     const char* const before = std::getenv("JAVA_TOOL_OPTIONS");
     start.environment.emplace_back(

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include <fmt/format.h>
+
+#include "commands/commands.h"
+#include "monitors/found_monitors.h"
+#include "output/table.h"
+
+namespace kovctl {
+namespace {
+
+struct Line {
+  Json json;
+  std::vector<std::string> cells;
+};
+
+Line lineOf(const lumora::Monitor& monitor, const MonitorName& name, std::size_t number) {
+  const bool isMonochrome = monitor.getMonitorColorType() == OmCtrlPanelMonochrome;
+  const std::string color = isMonochrome ? "monochrome" : "color";
+  const std::string connection = monitor.getConnectionType();
+  const std::string package = monitor.getPackageName();
+  const auto hours = monitor.getUsageTime().workingHours;
+  const unsigned mode = monitor.getCalModeValue();
+  Line line;
+  line.json = {{"number", number},     {"name", name.text()},  {"model", name.model},
+               {"serial", name.serial}, {"colorType", color},  {"connection", connection},
+               {"package", package},    {"workingHours", hours}, {"activeLut", mode}};
+  line.cells = {std::to_string(number), name.model, name.serial, color, connection, package,
+                std::to_string(hours), std::to_string(mode)};
+  return line;
+}
+
+ExitCode list(Context& context) {
+  const FoundMonitors found = findMonitors(context);
+  Table table({{"No", Table::Align::kRight}, {"Model"}, {"Serial"}, {"Type"}, {"Connection"},
+               {"Package"}, {"Hours", Table::Align::kRight}, {"LUT", Table::Align::kRight}});
+  Json monitors = Json::array();
+  for (std::size_t i = 0; i < found.monitors.size(); ++i) {
+    Line line = lineOf(found.monitors[i], found.names[i], i + 1);
+    Json event{{"event", "monitor"}};
+    event.update(line.json);
+    context.out().event(event);
+    monitors.push_back(std::move(line.json));
+    table.add(std::move(line.cells));
+  }
+  if (table.isEmpty()) context.out().note("No monitor is attached.");
+  if (!table.isEmpty()) context.out().print(table.text());
+  Json document = documentOf("list");
+  document["monitors"] = monitors;
+  context.out().document(document);
+  return ExitCode::kOk;
+}
+
+}  // namespace
+
+void addListCommand(CLI::App& program, Context& context) {
+  CLI::App* const command = program.add_subcommand("list", "List the attached monitors");
+  command->callback([&context] { context.command = [&context] { return list(context); }; });
+}
+
+void addMonitorOption(CLI::App& command, std::string& monitor) {
+  command
+      .add_option("-m,--monitor", monitor,
+                  "The monitor: MODEL:SERIAL, a beginning of it that fits one monitor only, or its "
+                  "number in \"kovctl list\"")
+      ->type_name("MONITOR");
+}
+
+}  // namespace kovctl

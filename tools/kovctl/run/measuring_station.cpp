@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#include "run/measuring_station.h"
+
+#include <cmath>
+
+#include "failure.h"
+#include "run/measurements.h"
+#include "system/interrupts.h"
+#include "system/streams.h"
+
+namespace kovctl {
+
+MeasuringStation::MeasuringStation(Context& context, InstrumentOptions instrumentOptions,
+                                   const ScreenOptions& screenOptions,
+                                   const std::string& monitorSerial) {
+  instrumentOptions.isInterrupted = [this, seen = sys::interruptCount()] {
+    return sys::interruptCount() > seen || (screen != nullptr && !screen->isOpen());
+  };
+  device = makeInstrument(instrumentOptions);
+  if (!device->drawsItself() && screenOptions.choice.empty()) {
+    throw Failure(ExitCode::kUsage, "--instrument " + instrumentOptions.choice +
+                                        " measures a real screen: --display is needed");
+  }
+  context.out().detail("opening the instrument");
+  device->open(monitorSerial);
+  screen = makePatchScreen(screenOptions);
+  if (!device->drawsItself() && context.isInteractive()) {
+    screen->show(Patch::gray(128));
+    context.out().raw("Put the instrument on the patch and press Enter. ");
+    std::string line;
+    sys::readLine(line);
+  }
+}
+
+void MeasuringStation::show(const Patch& patch) {
+  screen->show(patch);
+  device->showPatch(patch);
+}
+
+Reading MeasuringStation::measure() {
+  const Reading reading = device->measure();
+  if (!screen->isOpen()) throw Failure(ExitCode::kInstrument, "the patch window was closed");
+  if (!std::isfinite(reading.luminance)) {
+    throw Failure(ExitCode::kInstrument, "the instrument's reading is not a number");
+  }
+  return reading;
+}
+
+Progress makeProgress(Context& context) {
+  return Progress(context.out(), sys::isTerminal(sys::Stream::kErr),
+                  sys::terminalWidth(sys::Stream::kErr, 80),
+                  [clock = RunClock()] { return clock.now(); });
+}
+
+}  // namespace kovctl

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: MIT
+#include "run/run_files.h"
+
+#include <filesystem>
+
+#include "metrics/evaluation.h"
+#include "metrics/verdict.h"
+#include "record/run_record_json.h"
+#include "report/report.h"
+#include "system/files.h"
+
+namespace kovctl {
+namespace {
+
+// "OR-C321-30210045-20261121T082549Z"
+std::string baseName(const RunRecord& record) {
+  std::string name = record.monitor.model + "-" + record.monitor.serial + "-";
+  for (const char c : record.startTime) {
+    if (c != '-' && c != ':') name += c;
+  }
+  for (char& c : name) {
+    const bool harmless = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
+                          (c >= 'a' && c <= 'z') || c == '-' || c == '_' || c == '.';
+    if (!harmless) c = '_';
+  }
+  return name;
+}
+
+HistoryPoint pointOf(const RunRecord& run) {
+  const Evaluation evaluation = evaluate(run);
+  HistoryPoint point;
+  point.time = run.startTime;
+  point.source = "record";
+  if (run.monitor.lutIndex) point.lutNumber = *run.monitor.lutIndex + 1;
+  point.workingHours = run.monitor.workingHours;
+  point.targetLmax = run.target.lmax;
+  point.measuredLmax = evaluation.lmax;
+  point.measuredLmin = evaluation.lmin;
+  point.photoSensor = run.result.photoSensor;
+  if (evaluation.deciding) point.maxDeviation = evaluation.deciding->largestDeviation;
+  point.passed = judge(run, evaluation).outcome == Outcome::kPass;
+  point.performer = run.operatorName;
+  point.instrument = run.instrument.name;
+  return point;
+}
+
+void writeOne(Context& context, FilesWritten& files, const std::string& path,
+              const std::string& content) {
+  try {
+    sys::writeWhole(path, content);
+    files.paths.push_back(path);
+    context.out().note("Written: " + path);
+  } catch (const std::exception& reason) {
+    files.allWritten = false;
+    context.out().error(std::string("nothing was written to ") + reason.what());
+  }
+}
+
+}  // namespace
+
+std::vector<HistoryPoint> earlierRuns(const std::string& folder, const RunRecord& of) {
+  std::vector<HistoryPoint> points;
+  std::error_code unreadable;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, unreadable)) {
+    if (entry.path().extension() != ".json") continue;
+    const auto text = sys::readWhole(entry.path().string());
+    if (!text) continue;
+    try {
+      const RunRecord run = readRunRecord(*text);
+      const bool same = run.monitor.model == of.monitor.model &&
+                        run.monitor.serial == of.monitor.serial &&
+                        run.monitor.lutIndex == of.monitor.lutIndex;
+      if (same && run.startTime != of.startTime) points.push_back(pointOf(run));
+    } catch (const RunRecordError&) {
+      // Another program's file.
+    }
+  }
+  return points;
+}
+
+FilesWritten writeRunFiles(Context& context, const RunRecord& record, const RunOptions& options) {
+  FilesWritten files;
+  std::vector<HistoryPoint> earlier;
+  std::vector<std::string> reports;
+  std::vector<std::string> records;
+  if (!options.report.empty()) reports.push_back(options.report);
+  if (!options.record.empty()) records.push_back(options.record);
+  if (!options.reportFolder.empty()) {
+    std::error_code error;
+    std::filesystem::create_directories(options.reportFolder, error);
+    earlier = earlierRuns(options.reportFolder, record);
+    const std::string base = options.reportFolder + "/" + baseName(record);
+    reports.push_back(base + ".html");
+    records.push_back(base + ".json");
+  }
+  // The data first: a report can be drawn from it again.
+  if (!records.empty()) {
+    const std::string text = writeRunRecord(record);
+    for (const std::string& path : records) writeOne(context, files, path, text);
+  }
+  if (!reports.empty()) {
+    const std::string html = renderReport(record, earlier);
+    for (const std::string& path : reports) writeOne(context, files, path, html);
+  }
+  return files;
+}
+
+}  // namespace kovctl

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include <fmt/format.h>
+
+#include "failure.h"
+#include "monitors/found_monitors.h"
+#include "monitors/mode_keeper.h"
+#include "run/check_measurement.h"
+#include "run/record_start.h"
+#include "run/run.h"
+#include "run/run_end.h"
+#include "run/stored_target.h"
+#include "system/interrupts.h"
+
+namespace kovctl {
+namespace {
+
+// Back to the mode from before, whatever the measurement came to.
+ExitCode putBack(RunRecord& record, ModeKeeper& keeper, bool switched, ExitCode code) {
+  if (!switched) {
+    record.result.monitorState = MonitorState::kUnchanged;
+    record.result.monitorStateText =
+        fmt::format("unchanged: look-up table {} is active", keeper.mode());
+    return code;
+  }
+  const ModeResult back = keeper.restore();
+  record.result.monitorState = back.restored ? MonitorState::kRestored : MonitorState::kUnknown;
+  record.result.monitorStateText = (back.restored ? "as before: " : "NOT KNOWN: ") + back.sentence;
+  return back.restored ? code : ExitCode::kRestoreFailed;
+}
+
+ExitCode measure(Context& context, const RunOptions& options, const ChosenMonitor& chosen,
+                 MeasuringStation& station, RunRecord& record) {
+  Progress progress = makeProgress(context);
+  const RunClock clock;
+  try {
+    if (measureGrayScale(station, progress, clock, record,
+                         options.checkPoints == 0 ? 18 : options.checkPoints,
+                         "Measuring " + chosen.name.text())) {
+      return ExitCode::kOk;
+    }
+    record.result.canceled = true;
+    context.out().error("the measurement was canceled");
+    return ExitCode::kCanceled;
+  } catch (const Failure& reason) {
+    record.result.error = RunError{static_cast<int>(reason.code), nameOf(reason.code), reason.what()};
+    context.out().error(reason.what());
+    return reason.code;
+  }
+}
+
+}  // namespace
+
+ExitCode verify(Context& context, const RunOptions& options) {
+  checkLimits(options);
+  TargetRequest request = makeTarget(options.target);
+  const ChosenMonitor chosen = chooseMonitor(context, options.monitor);
+  ModeKeeper keeper(chosen.monitor, chosen.name);
+  const int lut = options.lut.value_or(static_cast<int>(keeper.mode()));
+  if (isEmpty(options.target)) {
+    const auto stored = storedTarget(chosen.monitor, lut);
+    if (stored) request = *stored;
+    if (!stored) context.out().note("The monitor keeps no target for this table: DICOM is assumed.");
+  }
+  sys::catchInterrupts();
+  MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);
+  RunRecord record = startRecord(RunKind::kVerify, chosen, lut, request, options,
+                                 station.instrument().info());
+  const bool switched = keeper.mode() != static_cast<unsigned>(lut);
+  ExitCode code = ExitCode::kOk;
+  if (switched) {
+    keeper.arm();
+    const ModeResult active = activateMode(chosen.monitor, static_cast<unsigned>(lut));
+    if (!active.restored) {
+      context.out().error(active.sentence);
+      code = ExitCode::kCommunication;
+    }
+  }
+  if (code == ExitCode::kOk) code = measure(context, options, chosen, station, record);
+  return endRun(context, record, options, putBack(record, keeper, switched, code));
+}
+
+}  // namespace kovctl

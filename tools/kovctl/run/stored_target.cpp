@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "run/stored_target.h"
+
+namespace kovctl {
+namespace {
+
+std::optional<DisplayFunction> functionOf(int code) {
+  switch (code) {
+    case 0: return DisplayFunction::kDicom;
+    case 1: return DisplayFunction::kCie;
+    case 2: return DisplayFunction::kExp;
+    case 3: return DisplayFunction::kLogLinear;
+    case 4: return DisplayFunction::kLinear;
+    case 5: return DisplayFunction::kNative;
+    default: return std::nullopt;  // a user-defined curve is not kept
+  }
+}
+
+}  // namespace
+
+bool isEmpty(const TargetFlags& flags) {
+  return flags.file.empty() && flags.function.empty() && flags.lmax.empty() && flags.lmin.empty() &&
+         flags.white.empty() && flags.ambient.empty() && flags.levels.empty();
+}
+
+std::optional<TargetRequest> storedTarget(const lumora::Monitor& monitor, int lut) {
+  const pocketjson::Value stored =
+      monitor.getCalibrationTargetData(static_cast<unsigned>(lut));
+  const auto function = functionOf(stored["displayFunction"].asInt(-1));
+  if (!function || *function == DisplayFunction::kNative) return std::nullopt;
+  TargetRequest request = defaultTarget();
+  TargetInfo& target = request.target;
+  target.function = *function;
+  target.lmax = stored["lmax"].asDouble();
+  target.lmin = stored["lmin"].asDouble();
+  // Kept the other way round than in the library's own target: true means that "lmin" counts.
+  target.useMeasuredLmin = !stored["useLminFlag"].asBool();
+  if (stored["isColorValue"].asBool() && stored["colorY"].asDouble() > 0.0) {
+    target.whiteName = "CUSTOM";
+    target.white = Chromaticity{stored["colorX"].asDouble(), stored["colorY"].asDouble()};
+  }
+  if (stored["lamb"].asDouble() > 0.0) target.ambient = stored["lamb"].asDouble();
+  if (*function == DisplayFunction::kExp) target.exponent = stored["exp"].asDouble();
+  return request;
+}
+
+}  // namespace kovctl

@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+#include "target/flag_values.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cmath>
+#include <optional>
+
+#include "failure.h"
+#include "record/run_record_json.h"
+
+namespace kovctl {
+namespace {
+
+template <typename Number>
+std::optional<Number> parse(const std::string& text) {
+  Number number{};
+  const char* end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, number);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return number;
+}
+
+struct FunctionName {
+  const char* flag;
+  DisplayFunction function;
+  const char* text;
+};
+
+constexpr FunctionName kFunctions[] = {
+    {"dicom", DisplayFunction::kDicom, "DICOM"},
+    {"cie", DisplayFunction::kCie, "CIE L*"},
+    {"loglinear", DisplayFunction::kLogLinear, "logarithmic-linear"},
+    {"linear", DisplayFunction::kLinear, "linear"},
+    {"native", DisplayFunction::kNative, "native"},
+    {"user", DisplayFunction::kUserDefine, "user-defined"},
+};
+
+}  // namespace
+
+double numberFlag(const std::string& option, const std::string& text, double lowest,
+                  double highest) {
+  const auto number = parse<double>(text);
+  if (!number || !std::isfinite(*number) || *number < lowest || *number > highest) {
+    throw Failure(ExitCode::kUsage, fmt::format("{} {}: a number from {:g} to {:g} is needed",
+                                                option, text, lowest, highest));
+  }
+  return *number;
+}
+
+int integerFlag(const std::string& option, const std::string& text, int lowest, int highest) {
+  const auto number = parse<int>(text);
+  if (!number || *number < lowest || *number > highest) {
+    throw Failure(ExitCode::kUsage, fmt::format("{} {}: a whole number from {} to {} is needed",
+                                                option, text, lowest, highest));
+  }
+  return *number;
+}
+
+Chromaticity chromaticityFlag(const std::string& option, const std::string& text) {
+  const std::size_t comma = text.find(',');
+  if (comma == std::string::npos) {
+    throw Failure(ExitCode::kUsage, fmt::format("{} {}: K6500, x,y or off is needed", option, text));
+  }
+  const Chromaticity colour{numberFlag(option, text.substr(0, comma), 0.0, 1.0),
+                            numberFlag(option, text.substr(comma + 1), 0.001, 1.0)};
+  if (colour.x + colour.y > 1.0) {
+    throw Failure(ExitCode::kUsage, fmt::format("{} {}: x and y exceed 1 together", option, text));
+  }
+  return colour;
+}
+
+DisplayFunction functionFlag(const std::string& text) {
+  for (const FunctionName& name : kFunctions) {
+    if (text == name.flag || text == nameOf(name.function)) return name.function;
+  }
+  throw Failure(ExitCode::kUsage,
+                fmt::format("--function {}: dicom, cie, gamma:EXPONENT, loglinear, linear, native or "
+                            "user is needed",
+                            text));
+}
+
+std::string functionText(const TargetInfo& target) {
+  for (const FunctionName& name : kFunctions) {
+    if (target.function == name.function) return name.text;
+  }
+  return fmt::format("gamma {:g}", target.exponent.value_or(0.0));
+}
+
+}  // namespace kovctl

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#ifndef L5KOV_TOOLS_KOVCTL_TARGET_FLAG_VALUES_H_
+#define L5KOV_TOOLS_KOVCTL_TARGET_FLAG_VALUES_H_
+
+#include <string>
+
+#include "record/run_record.h"
+
+namespace kovctl {
+
+// Texts of the command line as values, whatever the locale. All throw Failure(kUsage) that names
+// the option and what would be possible.
+double numberFlag(const std::string& option, const std::string& text, double lowest,
+                  double highest);
+int integerFlag(const std::string& option, const std::string& text, int lowest, int highest);
+/// "x,y"
+Chromaticity chromaticityFlag(const std::string& option, const std::string& text);
+/// dicom, cie, loglinear, linear, native, user; the library's own names too
+DisplayFunction functionFlag(const std::string& text);
+
+/// "DICOM", "gamma 2.2", … for people.
+std::string functionText(const TargetInfo& target);
+
+}  // namespace kovctl
+
+#endif  // L5KOV_TOOLS_KOVCTL_TARGET_FLAG_VALUES_H_
