@@ -39,6 +39,7 @@ class VerdictAtExit {
     if (!same) {
       for (const std::string& line : lines) std::fprintf(stderr, "%s\n", line.c_str());
     }
+    kovtest::system::removeRoot(kovtest::PluginFolder::get().root());
     std::_Exit(same ? kAsExpected : kOtherwise);
   }
 

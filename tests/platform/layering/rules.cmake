@@ -85,7 +85,7 @@ function(check_system_conditions)
   endforeach()
 endfunction()
 
-# Every call through a JNI function table.
+# Every call of the library through a JNI function table.
 function(check_raw_jni_calls)
   string(JOIN "|" slots
     "Call[A-Z][A-Za-z]*Method[AV]?" "FindClass" "DefineClass" "GetObjectClass" "GetSuperclass"
@@ -96,7 +96,7 @@ function(check_raw_jni_calls)
     "PopLocalFrame" "EnsureLocalCapacity" "Exception[CDO][a-z]+" "Throw" "ThrowNew" "FatalError"
     "RegisterNatives" "UnregisterNatives" "MonitorEnter" "MonitorExit" "GetJavaVM" "GetEnv"
     "GetVersion" "AttachCurrentThread[A-Za-z]*" "DetachCurrentThread" "DestroyJavaVM")
-  cpp_files(files ${library_rooms} tools)
+  cpp_files(files ${library_rooms})
   list(REMOVE_ITEM files ${ROOT}/java/jni_calls.h)
   foreach(file IN LISTS files)
     file(READ ${file} text)
