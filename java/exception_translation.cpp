@@ -48,14 +48,17 @@ std::string described(const char* className, const Member& member) {
   return std::string(className) + '.' + member.name + member.signature;
 }
 
-}  // namespace
-
-void throwTranslated(JNIEnv* env, jthrowable throwable) {
+// Apart from the throw, so that no text is left to be destroyed while the stack unwinds.
+JavaException translated(JNIEnv* env, jthrowable throwable) {
   clearException(env);
   const std::string message = messageOf(env, throwable);
   const std::string className = classNameOf(env, throwable);
-  throw JavaException(env, throwable, className, message);
+  return JavaException(env, throwable, className, message);
 }
+
+}  // namespace
+
+void throwTranslated(JNIEnv* env, jthrowable throwable) { throw translated(env, throwable); }
 
 void throwMissingMember(JNIEnv* env, const char* className, const Member& member) {
   throw JavaException(env, nullptr, kNoSuchMethodError, described(className, member));

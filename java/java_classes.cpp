@@ -11,25 +11,25 @@ void lookUpMembers(JNIEnv* env, jclass clazz, const Member* rows, const std::siz
 }
 
 void JavaClasses::build(JavaEnv* owner) {
-  arrayList = std::make_unique<JArrayListClass>(owner);
-  integer = std::make_unique<JIntegerClass>(owner);
-  doubleClass = std::make_unique<JDoubleClass>(owner);
-  langClass = std::make_unique<JLangClassClass>(owner);
-  list = std::make_unique<JListClass>(owner);
-  longClass = std::make_unique<JLongClass>(owner);
-  system = std::make_unique<JSystemClass>(owner);
-  throwable = std::make_unique<JThrowableClass>(owner);
-  calibrationResultValues = std::make_unique<JApiCalibrationResultValuesClass>(owner);
-  calibrationTargetValues = std::make_unique<JApiCalibrationTargetValuesClass>(owner);
-  edidInformation = std::make_unique<JApiEdidInformationClass>(owner);
-  extractedCalibrationData = std::make_unique<JApiExtractedCalibrationDataClass>(owner);
+  arrayList.emplace(owner);
+  integer.emplace(owner);
+  doubleClass.emplace(owner);
+  langClass.emplace(owner);
+  list.emplace(owner);
+  longClass.emplace(owner);
+  system.emplace(owner);
+  throwable.emplace(owner);
+  calibrationResultValues.emplace(owner);
+  calibrationTargetValues.emplace(owner);
+  edidInformation.emplace(owner);
+  extractedCalibrationData.emplace(owner);
   // Kept: before the look-up tables, although its slot comes after theirs. FindClass loads classes,
   // so their order is visible to the Java runtime.
-  measurementDeviceType = std::make_unique<JApiMeasurementDeviceTypeClass>(owner);
-  lookUpTable = std::make_unique<JApiLookUpTableClass>(owner);
-  monitor = std::make_unique<JApiMonitorClass>(owner);
-  monitorLibrary = std::make_unique<JApiMonitorLibraryClass>(owner);
-  osd = std::make_unique<JApiOsdClass>(owner);
+  measurementDeviceType.emplace(owner);
+  lookUpTable.emplace(owner);
+  monitor.emplace(owner);
+  monitorLibrary.emplace(owner);
+  osd.emplace(owner);
 }
 
 JArrayList JArrayList::create(JavaEnv* javaEnv) {

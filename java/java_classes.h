@@ -2,7 +2,7 @@
 #ifndef L5KOV_JAVA_JAVA_CLASSES_H_
 #define L5KOV_JAVA_JAVA_CLASSES_H_
 
-#include <memory>
+#include <optional>
 #include <tuple>
 
 #include "java/api_calibration.h"
@@ -11,25 +11,26 @@
 
 namespace lumora::kov::java {
 
-// The class bindings of one thread: seventeen slots, destroyed from the last to the first.
+// The class bindings of one thread: seventeen slots, destroyed from the last to the first. They lie
+// in the registry itself: a thread that comes and goes takes one piece of memory for all of them.
 struct JavaClasses {
-  std::unique_ptr<JArrayListClass> arrayList;
-  std::unique_ptr<JIntegerClass> integer;
-  std::unique_ptr<JDoubleClass> doubleClass;
-  std::unique_ptr<JLangClassClass> langClass;
-  std::unique_ptr<JListClass> list;
-  std::unique_ptr<JLongClass> longClass;
-  std::unique_ptr<JSystemClass> system;
-  std::unique_ptr<JThrowableClass> throwable;
-  std::unique_ptr<JApiCalibrationResultValuesClass> calibrationResultValues;
-  std::unique_ptr<JApiCalibrationTargetValuesClass> calibrationTargetValues;
-  std::unique_ptr<JApiEdidInformationClass> edidInformation;
-  std::unique_ptr<JApiExtractedCalibrationDataClass> extractedCalibrationData;
-  std::unique_ptr<JApiLookUpTableClass> lookUpTable;
-  std::unique_ptr<JApiMeasurementDeviceTypeClass> measurementDeviceType;
-  std::unique_ptr<JApiMonitorClass> monitor;
-  std::unique_ptr<JApiMonitorLibraryClass> monitorLibrary;
-  std::unique_ptr<JApiOsdClass> osd;
+  std::optional<JArrayListClass> arrayList;
+  std::optional<JIntegerClass> integer;
+  std::optional<JDoubleClass> doubleClass;
+  std::optional<JLangClassClass> langClass;
+  std::optional<JListClass> list;
+  std::optional<JLongClass> longClass;
+  std::optional<JSystemClass> system;
+  std::optional<JThrowableClass> throwable;
+  std::optional<JApiCalibrationResultValuesClass> calibrationResultValues;
+  std::optional<JApiCalibrationTargetValuesClass> calibrationTargetValues;
+  std::optional<JApiEdidInformationClass> edidInformation;
+  std::optional<JApiExtractedCalibrationDataClass> extractedCalibrationData;
+  std::optional<JApiLookUpTableClass> lookUpTable;
+  std::optional<JApiMeasurementDeviceTypeClass> measurementDeviceType;
+  std::optional<JApiMonitorClass> monitor;
+  std::optional<JApiMonitorLibraryClass> monitorLibrary;
+  std::optional<JApiOsdClass> osd;
 
   // Builds every binding on the calling thread, which must be `owner`'s.
   void build(JavaEnv* owner);
@@ -48,7 +49,7 @@ struct JavaClasses {
   static consteval std::size_t indexOf(const std::tuple<const Slots&...>*) {
     std::size_t index = 0;
     bool found = false;
-    (void)((found = std::is_same_v<W, typename Slots::element_type::WrapperType>, !found && ++index) && ...);
+    (void)((found = std::is_same_v<W, typename Slots::value_type::WrapperType>, !found && ++index) && ...);
     return index;
   }
 };

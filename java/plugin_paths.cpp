@@ -2,6 +2,7 @@
 #include "java/plugin_paths.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/platform.h"
 
@@ -21,13 +22,15 @@ std::string normalizePath(std::string text) {
   return text;
 }
 
-std::string joinPath(const std::string& base, std::string_view piece) {
+std::string joinPath(std::string base, std::string_view piece) {
   if (piece.starts_with('\\')) piece.remove_prefix(1);
-  return normalizePath((base + '\\').append(piece));
+  base += '\\';
+  base += piece;
+  return normalizePath(std::move(base));
 }
 
 std::string joinPath(std::string base, std::initializer_list<std::string_view> pieces) {
-  for (const std::string_view piece : pieces) base = joinPath(base, piece);
+  for (const std::string_view piece : pieces) base = joinPath(std::move(base), piece);
   return base;
 }
 

@@ -14,7 +14,7 @@ namespace lumora::kov::java {
 std::string normalizePath(std::string text);
 
 // base, "\", piece without one leading "\", normalised.
-std::string joinPath(const std::string& base, std::string_view piece);
+std::string joinPath(std::string base, std::string_view piece);
 std::string joinPath(std::string base, std::initializer_list<std::string_view> pieces);
 
 // The machine-wide application-data folder; empty when the system tells none (paths below it then
