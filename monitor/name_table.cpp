@@ -45,20 +45,19 @@ std::string nameTablePath() {
 }
 
 std::string packageOfModel(const std::string& model) try {
-  std::string result = kNoPackage;
   // Opened by the platform: tinyxml2 would take the name in the ANSI code page on Windows.
   const std::unique_ptr<std::FILE, CloseFile> file(platform::openFile(nameTablePath()));
-  if (file == nullptr) return result;
+  if (file == nullptr) return kNoPackage;
   tinyxml2::XMLDocument document;
   document.LoadFile(file.get());  // a failure leaves the document empty
   const XMLElement* root = document.FirstChildElement("KovMonitorName");
-  if (root == nullptr) return result;
-  // Kept: the last entry of a model wins, so hosts can append corrections.
-  for (const XMLElement* package = root->FirstChildElement("PackageInfo"); package != nullptr;
-       package = package->NextSiblingElement("PackageInfo")) {
-    if (lists(*package, model)) result = childText(*package, "PackageName");
+  if (root == nullptr) return kNoPackage;
+  // Kept: the last entry of a model wins, so hosts can append corrections. Hence from the end.
+  for (const XMLElement* package = root->LastChildElement("PackageInfo"); package != nullptr;
+       package = package->PreviousSiblingElement("PackageInfo")) {
+    if (lists(*package, model)) return childText(*package, "PackageName");
   }
-  return result;
+  return kNoPackage;
 } catch (const std::bad_alloc&) {
   // A file beyond the memory there is counts as unreadable.
   return kNoPackage;
