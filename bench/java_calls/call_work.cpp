@@ -13,8 +13,10 @@ using bench::copyOfText;
 using bench::measure;
 using bench::raw;
 
+// Never destroyed: a wrapper must not outlive its thread's environment.
 const java::JApiMonitor& wrapper() {
-  static const auto wrapped = java::wrap<java::JApiMonitor>(java::Env(), bench::raw().monitor);
+  static const auto& wrapped =
+      *new java::JApiMonitor(java::wrap<java::JApiMonitor>(java::Env(), bench::raw().monitor));
   return wrapped;
 }
 

@@ -16,14 +16,14 @@ std::string tablePath() {
          "/ORVA/Lumora5/Data/Profile/KovMonitorName.xml";
 }
 
-// Ten models a package; the last one is the colour monitor's.
+// Ten models a package; the one in the middle is the colour monitor's.
 void writeTable(std::int64_t models) {
   std::ofstream file(tablePath());
   file << "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<KovMonitorName>\n";
   for (std::int64_t first = 0; first < models; first += 10) {
     file << "  <PackageInfo>\n    <PackageName>package" << first << "</PackageName>\n";
     for (std::int64_t i = first; i < first + 10 && i < models; ++i) {
-      const std::string model = i + 1 == models ? bench::kModel : "OR-Y" + std::to_string(i);
+      const std::string model = i == models / 2 ? bench::kModel : "OR-Y" + std::to_string(i);
       file << "    <ModelInfo>\n      <ModelName>" << model << "</ModelName>\n    </ModelInfo>\n";
     }
     file << "  </PackageInfo>\n";

@@ -34,7 +34,10 @@ template <class Call>
 auto checked(JNIEnv* env, Call call) {
   env->ExceptionClear();
   const auto result = call();
-  if (env->ExceptionOccurred() != nullptr) throw std::runtime_error("a Java exception");
+  if (env->ExceptionOccurred() != nullptr) {
+    env->ExceptionDescribe();
+    throw std::runtime_error("a Java exception");
+  }
   return result;
 }
 
