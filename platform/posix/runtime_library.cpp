@@ -1,8 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <dlfcn.h>
+#include <link.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <memory>
 #include <string_view>
+#include <vector>
 
 #include "platform/platform.h"
 #include "platform/posix/native_path.h"
@@ -24,15 +29,45 @@ std::string nativeLibraryPath(const std::string& path) {
   return native;
 }
 
+struct CloseFile {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+// Whether the file holds all that its program headers tell the loader to map. The loader itself
+// does not look: it would map what is not there and the process would end with SIGBUS.
+bool isWhole(const std::string& path) {
+  const std::unique_ptr<std::FILE, CloseFile> file(openFile(path));
+  struct stat status = {};
+  ElfW(Ehdr) header = {};
+  if (file == nullptr || ::fstat(::fileno(file.get()), &status) != 0) return false;
+  if (std::fread(&header, sizeof header, 1, file.get()) != 1) return false;
+  const auto size = static_cast<std::uint64_t>(status.st_size);
+  // A file of another kind is the loader's to refuse.
+  if (header.e_phentsize != sizeof(ElfW(Phdr)) || header.e_phoff > size) return true;
+  std::vector<ElfW(Phdr)> parts(header.e_phnum);
+  if (std::fseek(file.get(), static_cast<long>(header.e_phoff), SEEK_SET) != 0) return false;
+  if (std::fread(parts.data(), sizeof(ElfW(Phdr)), parts.size(), file.get()) != parts.size()) {
+    return false;
+  }
+  return std::all_of(parts.begin(), parts.end(), [size](const ElfW(Phdr) & part) {
+    return part.p_type != PT_LOAD ||
+           (part.p_filesz <= size && part.p_offset <= size - part.p_filesz);
+  });
+}
+
 }  // namespace
 
 // RTLD_NODELETE: the virtual machine is never destroyed, so its threads still run this code when
 // the library is given back at process exit.
 RuntimeLibrary loadRuntimeLibrary(const std::string& path) {
-  return ::dlopen(nativeLibraryPath(path).c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+  const std::string native = nativeLibraryPath(path);
+  if (!isWhole(native)) return nullptr;
+  return ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
 }
 
-void* findExport(RuntimeLibrary library, const char* name) { return ::dlsym(library, name); }
+void* findExport(RuntimeLibrary library, const char* name) {
+  return ::dlsym(library, name);
+}
 
 void freeRuntimeLibrary(RuntimeLibrary library) noexcept {
   if (library != nullptr) ::dlclose(library);
