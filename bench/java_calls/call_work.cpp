@@ -29,6 +29,14 @@ void intCallByHand(benchmark::State& state) {
   measure(state, [&r] { return r.env->CallIntMethod(r.monitor, r.getWorkingHours); });
 }
 
+// With the two calls that keep an exception from being missed.
+void intCallChecked(benchmark::State& state) {
+  const bench::RawJava& r = raw();
+  measure(state, [&r] {
+    return checked(r.env, [&] { return r.env->CallIntMethod(r.monitor, r.getWorkingHours); });
+  });
+}
+
 // In a frame, as every operation is; the frame is the wrapper's way of letting the text go.
 void textCall(benchmark::State& state) {
   JNIEnv* env = raw().env;
@@ -44,6 +52,17 @@ void textCallByHand(benchmark::State& state) {
   const bench::RawJava& r = raw();
   measure(state, [&r] {
     const jobject text = r.env->CallObjectMethod(r.monitor, r.getModel);
+    std::string copy = copyOfText(r.env, text);
+    r.env->DeleteLocalRef(text);
+    return copy;
+  });
+}
+
+void textCallChecked(benchmark::State& state) {
+  const bench::RawJava& r = raw();
+  measure(state, [&r] {
+    const jobject text =
+        checked(r.env, [&] { return r.env->CallObjectMethod(r.monitor, r.getModel); });
     std::string copy = copyOfText(r.env, text);
     r.env->DeleteLocalRef(text);
     return copy;
@@ -170,8 +189,10 @@ void exceptionByHand(benchmark::State& state) {
 
 BENCHMARK(intCall)->Name("int_call/library");
 BENCHMARK(intCallByHand)->Name("int_call/raw");
+BENCHMARK(intCallChecked)->Name("int_call/raw_checked");
 BENCHMARK(textCall)->Name("text_call/library");
 BENCHMARK(textCallByHand)->Name("text_call/raw");
+BENCHMARK(textCallChecked)->Name("text_call/raw_checked");
 BENCHMARK(queryInt)->Name("query_int/library");
 BENCHMARK(queryIntByHand)->Name("query_int/raw");
 BENCHMARK(queryText)->Name("query_text/library");

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What grows with the installation: monitors, and look-up tables of one.
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "bench/java_calls/raw_java.h"
@@ -30,7 +32,30 @@ class RawMonitors {
   std::vector<jobject> references;
 };
 
-template <bool kChecked>
+// The ownership that a handle promises, by hand: the reference is shared, a control that is called
+// through virtual functions shares it, and copies of the handle share the control.
+struct RawReference {
+  explicit RawReference(jobject reference) : reference(reference) {}
+  RawReference(const RawReference&) = delete;
+  RawReference& operator=(const RawReference&) = delete;
+  ~RawReference() { raw().env->DeleteGlobalRef(reference); }
+  jobject reference;
+};
+struct RawControl {
+  explicit RawControl(std::shared_ptr<RawReference> shared) : shared(std::move(shared)) {}
+  virtual ~RawControl() = default;
+  std::shared_ptr<RawReference> shared;
+};
+struct RawHandles {
+  std::vector<std::shared_ptr<RawControl>> controls;
+};
+
+void hold(RawMonitors& result, jobject reference) { result.references.push_back(reference); }
+void hold(RawHandles& result, jobject reference) {
+  result.controls.emplace_back(new RawControl(std::make_shared<RawReference>(reference)));
+}
+
+template <bool kChecked, class Result>
 void monitorsByHand(benchmark::State& state) {
   const bench::RawJava& r = raw();
   bench::workstation().settleWithMonitors(state.range(0));
@@ -39,7 +64,7 @@ void monitorsByHand(benchmark::State& state) {
     return work();
   };
   measure(state, [&] {
-    RawMonitors result;
+    Result result;
     r.env->PushLocalFrame(1024);
     const jobject library =
         call([&] { return r.env->CallStaticObjectMethod(r.libraryClass, r.getInstance); });
@@ -47,7 +72,7 @@ void monitorsByHand(benchmark::State& state) {
     const jint size = call([&] { return r.env->CallIntMethod(list, r.listSize); });
     for (jint i = 0; i < size; ++i) {
       const jobject monitor = call([&] { return r.env->CallObjectMethod(list, r.listGet, i); });
-      result.references.push_back(r.env->NewGlobalRef(monitor));
+      hold(result, r.env->NewGlobalRef(monitor));
     }
     r.env->PopLocalFrame(nullptr);
     return result;
@@ -108,8 +133,11 @@ void activateLastByHand(benchmark::State& state) {
 }  // namespace
 
 BENCHMARK(monitors)->Name("monitors/library")->Arg(1)->Arg(10)->Arg(100)->Arg(10000);
-BENCHMARK(monitorsByHand<true>)->Name("monitors/raw")->Arg(1)->Arg(10)->Arg(100)->Arg(10000);
-BENCHMARK(monitorsByHand<false>)
-    ->Name("monitors/raw_unchecked")->Arg(1)->Arg(10)->Arg(100)->Arg(10000);
+BENCHMARK(monitorsByHand<false, RawMonitors>)
+    ->Name("monitors/raw")->Arg(1)->Arg(10)->Arg(100)->Arg(10000);
+BENCHMARK(monitorsByHand<true, RawMonitors>)
+    ->Name("monitors/raw_checked")->Arg(1)->Arg(10)->Arg(100)->Arg(10000);
+BENCHMARK(monitorsByHand<true, RawHandles>)
+    ->Name("monitors/raw_handles")->Arg(1)->Arg(10)->Arg(100)->Arg(10000);
 BENCHMARK(activateLast)->Name("look_up_tables/library")->Arg(5)->Arg(100)->Arg(1000)->Arg(10000);
 BENCHMARK(activateLastByHand)->Name("look_up_tables/raw")->Arg(5)->Arg(100)->Arg(1000)->Arg(10000);

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs the Debian packages that are missing.
-#   install-packages.sh build|test|all   (each includes those before it)
+#   install-packages.sh build|test|all|bench   (test includes build, all includes test,
+#                                             bench includes build)
 # Does nothing, and needs no privileges, where everything is there.
 set -euo pipefail
 
@@ -12,6 +13,8 @@ all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind)
 # Wanted only where the command of that name is missing: another packaging of it may be there.
 all_commands=(npm)
 
+bench=(libbenchmark-dev rapidjson-dev libboost-json1.81-dev binutils python3)
+
 case "${1:-}" in
   build) wanted=("${build[@]}") ;;
   test) wanted=("${build[@]}" "${test[@]}") ;;
@@ -21,7 +24,8 @@ case "${1:-}" in
       command -v "$command" >/dev/null || wanted+=("$command")
     done
     ;;
-  *) echo "usage: $0 build|test|all" >&2; exit 2 ;;
+  bench) wanted=("${build[@]}" "${bench[@]}") ;;
+  *) echo "usage: $0 build|test|all|bench" >&2; exit 2 ;;
 esac
 
 missing=()

@@ -1,0 +1,169 @@
+#!/usr/bin/env python3
+# SPDX-License-Identifier: MIT
+"""Joins the measurements into one JSON and one table.
+
+  report.py TARGETS.json FOLDER   reads values.json, java.json, processes.json and facts.json there,
+                                  writes results.json and table.md, and prints the table
+
+Each ratio is that of two medians over interleaved repetitions. What runs on one thread is compared
+by that thread's processor time, since a busy machine stretches the other; whole processes, and
+threads that come and go, by the clock.
+"""
+import json
+import os
+import statistics
+import sys
+
+BY_THE_CLOCK = ("thread/", "threads/", "first_env/", "load/", "kovctl_list/")
+
+
+def read(folder, name):
+    path = os.path.join(folder, name)
+    if not os.path.exists(path):
+        return {}
+    with open(path, encoding="utf-8") as file:
+        return json.load(file)
+
+
+def benchmark_rows(document):
+    """name -> times in ns and what was counted."""
+    rows = {}
+    for run in document.get("benchmarks", []):
+        if run.get("run_type") != "iteration" or run.get("error_occurred"):
+            continue
+        name = run["run_name"]
+        for suffix in ("/manual_time", "/real_time"):
+            name = name.replace(suffix, "")
+        row = rows.setdefault(name, {"cpu": [], "wall": []})
+        row["cpu"].append(run["cpu_time"])
+        row["wall"].append(run["real_time"])
+        for counter in ("allocations", "bytes", "held", "steps"):
+            if isinstance(run.get(counter), (int, float)):
+                row[counter] = run[counter]
+    return rows
+
+
+def time_of(row, name):
+    return statistics.median(row["wall" if name.startswith(BY_THE_CLOCK) else "cpu"])
+
+
+def spread(row, name):
+    """Half the distance of the quartiles, as a share of the median."""
+    times = row["wall" if name.startswith(BY_THE_CLOCK) else "cpu"]
+    if len(times) < 4:
+        return 0.0
+    low, middle, high = statistics.quantiles(times, n=4)
+    return (high - low) / 2 / middle
+
+
+def compare(target, rows):
+    for size in target.get("sizes", [None]):
+        tail = "" if size is None else f"/{size}"
+        own = f"{target['id']}/{target.get('own', 'library')}{tail}"
+        other = f"{target['id']}/{target['baseline']}{tail}"
+        if own not in rows or other not in rows:
+            continue
+        ours, theirs = rows[own], rows[other]
+        ratio = time_of(ours, own) / time_of(theirs, other)
+        yield {
+            "work": target["work"] + ("" if size is None else f" ({size:,})"),
+            "baseline": target["baseline"],
+            "ns": time_of(ours, own),
+            "ratio": ratio,
+            "spread": spread(ours, own) + spread(theirs, other),
+            "limit": target.get("limit"),
+            "allocations": ours.get("allocations"),
+            "baseline_allocations": theirs.get("allocations"),
+            "bytes": ours.get("bytes"),
+            "baseline_bytes": theirs.get("bytes"),
+        }
+
+
+def own_share(rows):
+    """The library's own share of a calibration: each callback's cost above that of a function
+    registered by hand, times their number."""
+    names = [f"callback_{kind}/{side}" for kind in ("patch", "measure") for side in ("library", "raw")]
+    if "calibration/library" not in rows or any(name not in rows for name in names):
+        return None
+    patch, patch_raw, measure, measure_raw = (time_of(rows[name], name) / 1000 for name in names)
+    steps = rows["calibration/library"].get("steps", 0)
+    total = time_of(rows["calibration/library"], "calibration/library")
+    above = max(0.0, patch - patch_raw) + max(0.0, measure - measure_raw)
+    return {"steps": steps, "calibration_ns": total, "share": steps / 2 * above / total,
+            "whole_callbacks_share": steps / 2 * (patch + measure) / total}
+
+
+def cost_over_size(rows):
+    """name -> size -> time and memory, for everything that was measured at several sizes."""
+    result = {}
+    for name, row in rows.items():
+        parts = name.split("/")
+        if len(parts) == 3:
+            result.setdefault("/".join(parts[:2]), {})[int(parts[2])] = {
+                "ns": time_of(row, name), "allocations": row.get("allocations"),
+                "bytes": row.get("bytes"), "held": row.get("held")}
+    return {name: dict(sorted(sizes.items())) for name, sizes in sorted(result.items())
+            if len(sizes) > 1}
+
+
+def number(value, digits=0):
+    return "" if value is None else f"{value:,.{digits}f}"
+
+
+def table(comparisons, share, sizes, facts, rows):
+    yield "| Work | beside | ours, ns | ratio | ± | at most | | allocations | bytes |"
+    yield "|---|---|---:|---:|---:|---:|---|---:|---:|"
+    for row in comparisons:
+        missed = row["limit"] is not None and row["ratio"] > row["limit"]
+        mark = "" if row["limit"] is None else ("**missed**" if missed else "met")
+        digits = 4 if row["ratio"] < 0.01 else 2
+        yield (f"| {row['work']} | {row['baseline']} | {number(row['ns'], 1 if row['ns'] < 100 else 0)} "
+               f"| {row['ratio']:.{digits}f} | {row['spread']:.2f} | {row['limit'] or ''} | {mark} "
+               f"| {number(row['allocations'])} : {number(row['baseline_allocations'])} "
+               f"| {number(row['bytes'])} : {number(row['baseline_bytes'])} |")
+    if share:
+        mark = "met" if share["share"] <= 0.01 else "**missed**"
+        yield (f"\nOf a calibration ({share['steps']:.0f} patches and measurements, "
+               f"{share['calibration_ns'] / 1e6:.1f} ms) the library's own share is "
+               f"{share['share']:.3%}, at most 1 %: {mark}. (Callbacks altogether, with what Java and "
+               f"the measuring host spend in them at the least: {share['whole_callbacks_share']:.2%}.)")
+    yield "\n| Cost over size | size | ns | ns per item | allocations | bytes | still held |"
+    yield "|---|---:|---:|---:|---:|---:|---:|"
+    for name, points in sizes.items():
+        for size, point in points.items():
+            yield (f"| {name} | {size:,} | {number(point['ns'])} | {number(point['ns'] / size, 1)} "
+                   f"| {number(point['allocations'])} | {number(point['bytes'])} "
+                   f"| {number(point['held'])} |")
+    if facts:
+        yield "\n| The shared library | |"
+        yield "|---|---:|"
+        for name, value in facts.items():
+            shown = ", ".join(value) if isinstance(value, list) else number(value)
+            yield f"| {name.replace('_', ' ')} | {shown} |"
+        if "load/library" in rows:
+            own = time_of(rows["load/library"], "load/library") / 1000
+            yield f"| loading, its dependencies being there, µs | {own:.0f} |"
+
+
+def main(targets_path, folder):
+    with open(targets_path, encoding="utf-8") as file:
+        targets = json.load(file)
+    rows = benchmark_rows(read(folder, "values.json"))
+    rows.update(benchmark_rows(read(folder, "java.json")))
+    rows.update({name: {"cpu": times, "wall": times}
+                 for name, times in read(folder, "processes.json").items()})
+    comparisons = [row for target in targets for row in compare(target, rows)]
+    share, sizes, facts = own_share(rows), cost_over_size(rows), read(folder, "facts.json")
+    with open(os.path.join(folder, "results.json"), "w", encoding="utf-8") as file:
+        json.dump({"comparisons": comparisons, "calibration": share, "sizes": sizes,
+                   "library": facts, "measurements": rows}, file, indent=1)
+    text = "\n".join(table(comparisons, share, sizes, facts, rows)) + "\n"
+    with open(os.path.join(folder, "table.md"), "w", encoding="utf-8") as file:
+        file.write(text)
+    print(text)
+    missed = sum(row["limit"] is not None and row["ratio"] > row["limit"] for row in comparisons)
+    judged = sum(row["limit"] is not None for row in comparisons)
+    print(f"{judged - missed} of {judged} targets met. Everything: {folder}/results.json")
+
+
+main(sys.argv[1], sys.argv[2])
