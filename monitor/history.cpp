@@ -77,6 +77,7 @@ std::vector<KovCalibrationHisInfo> readHistory(java::JavaEnv* thread,
   const java::JList history = monitor.extractCalibrationData();
   if (history.isNull()) return result;
   const std::int32_t size = history.size();
+  if (size > 0) result.reserve(static_cast<std::size_t>(size));  // moving records is not cheap
   for (std::int32_t i = 0; i < size; ++i) {
     result.push_back(readEntry(java::wrap<JApiExtractedCalibrationData>(thread, history.get(i))));
   }

@@ -63,6 +63,7 @@ std::vector<Monitor> KovMonitorManager::getMonitors() {
   const java::JList list = JApiMonitorLibrary::getInstance(frame.thread()).getMonitors();
   std::vector<Monitor> result;
   const std::int32_t size = list.size();
+  if (size > 0) result.reserve(static_cast<std::size_t>(size));
   for (std::int32_t i = 0; i < size; ++i) {
     result.push_back(handleOf(java::wrap<JApiMonitor>(frame.thread(), list.get(i))));
   }
