@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "calibration/measurement_device_code_map.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace lumora::kov {
 namespace {
 
@@ -9,7 +12,8 @@ struct Row {
   std::int32_t device;  // measurement-device library
 };
 
-// Kept: the order. Where two codes share a device (163, 302), the later code answers for it.
+// Kept: the order. Where two codes share a device (163, 302), the later code answers for it; hence
+// the search from the end.
 constexpr Row kRows[] = {
     {-1, 1003}, {11, 103}, {13, 116}, {12, 104}, {9, 10},   {6, 163},  {7, 163},    {8, 1000},
     {3, 162},   {10, 1001}, {15, 302}, {16, 9},   {17, 301}, {18, 151}, {19, 152},   {20, 150},
@@ -19,21 +23,17 @@ constexpr std::int32_t kUnknownDevice = -2;
 
 }  // namespace
 
-MeasurementDeviceCodeMap::MeasurementDeviceCodeMap() {
-  for (const Row& row : kRows) {
-    devices[row.code] = row.device;
-    codes[row.device] = row.code;
-  }
-}
-
 std::int32_t MeasurementDeviceCodeMap::codeToDevice(std::int32_t code) const {
-  const auto found = devices.find(code);
-  return found == devices.end() ? code : found->second;
+  const auto row = std::find_if(std::rbegin(kRows), std::rend(kRows),
+                                [code](const Row& candidate) { return candidate.code == code; });
+  return row == std::rend(kRows) ? code : row->device;
 }
 
 std::int32_t MeasurementDeviceCodeMap::deviceToCode(std::int32_t device) const {
-  const auto found = codes.find(device);
-  return found == codes.end() ? kUnknownDevice : found->second;
+  const auto row =
+      std::find_if(std::rbegin(kRows), std::rend(kRows),
+                   [device](const Row& candidate) { return candidate.device == device; });
+  return row == std::rend(kRows) ? kUnknownDevice : row->code;
 }
 
 }  // namespace lumora::kov
