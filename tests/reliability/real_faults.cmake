@@ -36,3 +36,14 @@ add_custom_command(TARGET reliability_real_faults POST_BUILD
   VERBATIM)
 gtest_discover_tests(reliability_real_faults DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180
   ENVIRONMENT "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${L5KOV_SIMULATOR_DIR}")
+
+# reliability_long_run: no test of its own; tools/reliability/run.sh says how long it is to run.
+add_executable(reliability_long_run EXCLUDE_FROM_ALL
+  long_run.cpp
+  ${PROJECT_SOURCE_DIR}/tests/real/support.cpp
+  ${PROJECT_SOURCE_DIR}/tests/real/system_posix.cpp)
+target_include_directories(reliability_long_run PRIVATE ${PROJECT_SOURCE_DIR})
+target_link_libraries(reliability_long_run PRIVATE
+  l5kov_options l5kov::l5kov l5kov_jni meter_x64 chroma_x64 GTest::gtest ${CMAKE_DL_LIBS})
+target_link_options(reliability_long_run PRIVATE -Wl,--no-as-needed)
+add_dependencies(reliability_long_run reliability_real_faults)
