@@ -189,6 +189,7 @@ void historyByHand(benchmark::State& state) {
     r.env->PushLocalFrame(1024);
     const jobject list = read.object(r.monitor, r.extractCalibrationData);
     const jint size = read.number(list, r.listSize);
+    result.reserve(static_cast<std::size_t>(size));
     for (jint i = 0; i < size; ++i) {
       const jobject entry = read.kept(
           read.call([&] { return r.env->CallObjectMethod(list, r.listGet, i); }));

@@ -50,6 +50,12 @@ struct RawHandles {
   std::vector<std::shared_ptr<RawControl>> controls;
 };
 
+void makeRoom(RawMonitors& result, jint size) {
+  result.references.reserve(static_cast<std::size_t>(size));
+}
+void makeRoom(RawHandles& result, jint size) {
+  result.controls.reserve(static_cast<std::size_t>(size));
+}
 void hold(RawMonitors& result, jobject reference) { result.references.push_back(reference); }
 void hold(RawHandles& result, jobject reference) {
   result.controls.emplace_back(new RawControl(std::make_shared<RawReference>(reference)));
@@ -70,6 +76,7 @@ void monitorsByHand(benchmark::State& state) {
         call([&] { return r.env->CallStaticObjectMethod(r.libraryClass, r.getInstance); });
     const jobject list = call([&] { return r.env->CallObjectMethod(library, r.getMonitors); });
     const jint size = call([&] { return r.env->CallIntMethod(list, r.listSize); });
+    makeRoom(result, size);
     for (jint i = 0; i < size; ++i) {
       const jobject monitor = call([&] { return r.env->CallObjectMethod(list, r.listGet, i); });
       hold(result, r.env->NewGlobalRef(monitor));
