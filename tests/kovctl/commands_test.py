@@ -96,7 +96,7 @@ class Commands(KovctlTest):
         drawn = self.json("report", record, "-o", again)
         self.assertEqual(drawn["verdict"], document["verdict"])
         self.assertEqual(again.read_bytes(), report.read_bytes())
-        other = self.json("report", record, "-o", again, "--limits", "din-6868-157-mammography")
+        other = self.json("report", record, "-o", again, "--limits", "din-6868-157-dental-rk6")
         self.assertNotEqual(other["verdict"], document["verdict"])
 
     def test_trend(self):

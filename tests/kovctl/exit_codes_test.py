@@ -119,7 +119,7 @@ class ExitCodes(KovctlTest):
         self.assertEqual(document["record"]["result"]["monitorState"], "unknown")
         self.assertIn("Monitor state: NOT KNOWN", result.err)
         # What was measured is not lost.
-        self.assertEqual(len(document["record"]["patches"]), 20)
+        self.assertEqual(len(document["record"]["patches"]), 19)
 
     def test_7_instrument(self):
         document = self.error("verify", "-m", COLOUR, "--instrument", "icc:/none.icc", code=7)

@@ -2,6 +2,8 @@
 """JSON documents against the schemas that come with kovctl."""
 import json
 
+import warnings
+
 import jsonschema
 
 from harness import SCHEMAS
@@ -13,8 +15,11 @@ STORE = {path.name: json.loads(path.read_text(encoding="utf-8")) for path in
 def validator(name):
     schema = STORE[name + ".schema.json"]
     jsonschema.Draft202012Validator.check_schema(schema)
-    resolver = jsonschema.RefResolver(name + ".schema.json", schema, store=STORE)
-    return jsonschema.Draft202012Validator(schema, resolver=resolver)
+    with warnings.catch_warnings():
+        # Deprecated in newer versions, the only way in Debian 12's.
+        warnings.simplefilter("ignore", DeprecationWarning)
+        resolver = jsonschema.RefResolver(name + ".schema.json", schema, store=STORE)
+        return jsonschema.Draft202012Validator(schema, resolver=resolver)
 
 
 def check(document):

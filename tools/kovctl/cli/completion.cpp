@@ -50,7 +50,7 @@ std::vector<OptionInfo> optionsOf(const CLI::App& app) {
     OptionInfo info;
     for (const std::string& name : option->get_snames()) info.names.push_back("-" + name);
     for (const std::string& name : option->get_lnames()) info.names.push_back("--" + name);
-    if (info.names.empty()) continue;
+    if (info.names.empty() || option->get_group().empty()) continue;
     info.description = option->get_description();
     info.takesValue = option->get_items_expected_max() > 0;
     const std::string type = option->get_type_name();
@@ -76,6 +76,15 @@ std::string wordsOf(const OptionInfo& option) {
   return "";
 }
 
+// Without those that are kept out of the help.
+std::vector<const CLI::App*> commandsOf(CLI::App& program) {
+  std::vector<const CLI::App*> commands;
+  for (const CLI::App* command : program.get_subcommands({})) {
+    if (!command->get_group().empty()) commands.push_back(command);
+  }
+  return commands;
+}
+
 std::string quoted(std::string text) {
   for (std::size_t at = 0; (at = text.find('\'', at)) != std::string::npos; at += 4) {
     text.replace(at, 1, "'\\''");
@@ -85,14 +94,14 @@ std::string quoted(std::string text) {
 
 std::string commandNames(CLI::App& program) {
   std::string text;
-  for (const CLI::App* command : program.get_subcommands({})) text += command->get_name() + " ";
+  for (const CLI::App* command : commandsOf(program)) text += command->get_name() + " ";
   text.pop_back();
   return text;
 }
 
 std::string bashValueCases(CLI::App& program) {
   std::map<std::string, std::string> cases;
-  for (const CLI::App* command : program.get_subcommands({})) {
+  for (const CLI::App* command : commandsOf(program)) {
     for (const OptionInfo& option : optionsOf(*command)) {
       const std::string words = wordsOf(option);
       for (const std::string& name : option.names) {
@@ -116,7 +125,7 @@ std::string bashValueCases(CLI::App& program) {
 
 std::string bashScript(CLI::App& program) {
   std::string commands;
-  for (const CLI::App* command : program.get_subcommands({})) {
+  for (const CLI::App* command : commandsOf(program)) {
     const auto words = commandWords().find(command->get_name());
     commands += fmt::format("    {}) words={} ;;\n", command->get_name(),
                             quoted((words == commandWords().end() ? "" : words->second + " ") +
@@ -171,7 +180,7 @@ std::string zshOptions(const CLI::App& app) {
 std::string zshScript(CLI::App& program) {
   std::string list;
   std::string cases;
-  for (const CLI::App* command : program.get_subcommands({})) {
+  for (const CLI::App* command : commandsOf(program)) {
     const std::string name = command->get_name();
     list += "    " + quoted(name + ":" + command->get_description()) + "\n";
     const auto words = commandWords().find(name);
@@ -214,7 +223,7 @@ std::string fishOption(const OptionInfo& option, const std::string& condition) {
 std::string fishScript(CLI::App& program) {
   std::string text = "# fish completion for kovctl\ncomplete -c kovctl -f\n";
   for (const OptionInfo& option : optionsOf(program)) text += fishOption(option, "");
-  for (const CLI::App* command : program.get_subcommands({})) {
+  for (const CLI::App* command : commandsOf(program)) {
     const std::string name = command->get_name();
     text += "complete -c kovctl -n __fish_use_subcommand -a " + name + " -d " +
             quoted(command->get_description()) + "\n";

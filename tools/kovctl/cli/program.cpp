@@ -36,6 +36,7 @@ std::unique_ptr<CLI::App> makeProgram(Context& context) {
   addReportCommand(*program, context);
   addDoctorCommand(*program, context);
   addCompletionCommand(*program, context);
+  addPatchWindowCommand(*program, context);
   program->footer(
       "Exit codes: 0 ok, 1 Java failure, 2 usage, 3 monitor, 4 outside limits, 5 plug-in or runtime,\n"
       "6 communication, 7 instrument, 8 output, 130 canceled and restored, 131 restore failed.");

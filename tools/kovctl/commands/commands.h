@@ -20,6 +20,7 @@ void addLockCommand(CLI::App& program, Context& context);
 void addReportCommand(CLI::App& program, Context& context);
 void addDoctorCommand(CLI::App& program, Context& context);
 void addCompletionCommand(CLI::App& program, Context& context);
+void addPatchWindowCommand(CLI::App& program, Context& context);
 
 /// -m, the same everywhere.
 void addMonitorOption(CLI::App& command, std::string& monitor);

@@ -9,13 +9,13 @@
 
 namespace kovctl {
 
-/// Where patches are drawn for a real instrument. All calls from the thread that made it.
+/// Where patches are drawn for a real instrument. All calls from one thread.
 class PatchScreen {
  public:
   virtual ~PatchScreen() = default;
   /// Returns when the patch is on the screen. @throws Failure(kInstrument) when the window is gone
   virtual void show(const Patch& patch) = 0;
-  /// Lets the window system talk to the window. False when the user has closed it.
+  /// False when the window is gone: closed by the user, or its display has ended.
   virtual bool isOpen() = 0;
 };
 
@@ -27,8 +27,7 @@ struct ScreenOptions {
 
 /// Draws nowhere: for instruments that know the patch without a screen.
 std::unique_ptr<PatchScreen> makeNoScreen();
-/// @throws Failure(kUsage) for a wrong choice or a build without SDL, Failure(kInstrument) when
-/// there is no display
+/// @throws Failure(kUsage) for a wrong choice, Failure(kInstrument) when no window can be opened
 std::unique_ptr<PatchScreen> makePatchScreen(const ScreenOptions& options);
 
 }  // namespace kovctl

@@ -39,6 +39,8 @@ bool hasMember(JNIEnv* env, jclass owner, const CatalogueRow& row) {
 }
 
 std::vector<std::string> missingMembers(JNIEnv* env) {
+  // What the library did not find when it started has left an exception behind.
+  env->ExceptionClear();
   std::vector<std::string> missing;
   std::string lastClass;
   jclass owner = nullptr;

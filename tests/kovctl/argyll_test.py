@@ -1,0 +1,79 @@
+# SPDX-License-Identifier: MIT
+"""The same calibration over the physics of an ICC profile that Debian ships, by ArgyllCMS's icclu."""
+import os
+import pathlib
+import shutil
+import sys
+import time
+import unittest
+
+import schemas
+from harness import COLOUR, KovctlTest
+
+PROFILES = pathlib.Path("/usr/share/color/argyll/ref")
+
+if not shutil.which("icclu") or not PROFILES.is_dir():
+    print("ArgyllCMS is needed (Debian: argyll)")
+    sys.exit(77)
+
+
+class Icc(KovctlTest):
+    def calibrate(self, profile, *arguments, code=0):
+        return schemas.check(self.run_kovctl(
+            "calibrate", "-m", COLOUR, "--instrument", f"icc:{PROFILES / profile}", "--json",
+            *arguments, code=code).json)
+
+    def test_calibration_closes_the_loop(self):
+        for profile in ("sRGB.icm", "ClayRGB1998.icm"):
+            document = self.calibrate(profile)
+            self.assertEqual(document["verdict"]["outcome"], "pass")
+            record = document["record"]
+            self.assertEqual(record["instrument"]["kind"], "icc")
+            self.assertTrue(record["simulated"])
+            verify = [patch for patch in record["patches"] if patch["role"] == "verify"]
+            self.assertAlmostEqual(max(patch["luminance"] for patch in verify), 250.0, delta=2.5)
+
+    def test_the_physics_are_the_profiles(self):
+        document = self.calibrate("sRGB.icm", "--icc-white", "400", "--icc-black", "0.4")
+        native = {patch["level"]: patch for patch in document["record"]["patches"]
+                  if patch["role"] == "gray"}
+        self.assertAlmostEqual(native[0]["luminance"], 0.4, 6)
+        self.assertAlmostEqual(native[255]["luminance"], 400.0, 3)
+        level = 128 if 128 in native else 130
+        c = level / 255
+        srgb = ((c + 0.055) / 1.055) ** 2.4  # IEC 61966-2-1
+        self.assertAlmostEqual(native[level]["luminance"] / (0.4 + 399.6 * srgb), 1.0, 2)
+        # D65, the profile's white
+        self.assertAlmostEqual(native[255]["chromaticity"]["x"], 0.3127, 3)
+        self.assertAlmostEqual(native[255]["chromaticity"]["y"], 0.3290, 3)
+
+    def test_uncalibrated_it_is_outside(self):
+        profile = PROFILES / "sRGB.icm"
+        self.run_kovctl("verify", "-m", COLOUR, "--instrument", f"icc:{profile}", code=4)
+
+    def test_no_profile(self):
+        broken = self.folder / "broken.icc"
+        broken.write_bytes(b"no profile")
+        for path in (self.folder / "none.icc", broken):
+            result = self.run_kovctl("calibrate", "-m", COLOUR, "--instrument", f"icc:{path}", code=7)
+            self.assertIn("icclu", result.err)
+
+    def test_program_missing(self):
+        self.environment["PATH"] = str(self.folder)
+        result = self.run_kovctl("calibrate", "-m", COLOUR, "--instrument", "icc:x.icc", code=7)
+        self.assertIn("Debian package argyll", result.err)
+
+
+@unittest.skipUnless(shutil.which("spotread"), "no spotread")
+class Spotread(KovctlTest):
+    def test_without_an_instrument_it_ends_in_time(self):
+        """The real spotread, which hangs here or takes twenty seconds to say so."""
+        start = time.monotonic()
+        result = self.run_kovctl("verify", "-m", COLOUR, "--instrument", "argyll", "--display",
+                                 "100x100", "--timeout", "3", code=7)
+        self.assertIn("spotread", result.err)
+        self.assertLess(time.monotonic() - start, 60)
+
+
+if __name__ == "__main__":
+    unittest.main()

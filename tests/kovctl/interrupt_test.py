@@ -1,0 +1,134 @@
+# SPDX-License-Identifier: MIT
+"""Ctrl-C and its kin at any moment: the monitor's state is always known, and said."""
+import random
+import signal
+import time
+import unittest
+
+import schemas
+from harness import COLOUR, KovctlTest, is_patch
+
+SEED = 20261121
+
+
+class Interrupt(KovctlTest):
+    def setUp(self):
+        super().setUp()
+        self.settings(patch__delay__ms="10")
+
+    def calibrate(self, *arguments):
+        return self.start("calibrate", "-m", COLOUR, "--lut", "2", "--levels", "18", "--points",
+                          "18", "--json-lines", *arguments)
+
+    def known(self, result):
+        """The statement, the exit code and the monitor itself agree."""
+        document = schemas.check(result.lines[-1])
+        self.assertEqual(document["exitCode"], result.code, result)
+        state = document["record"]["result"]["monitorState"]
+        self.assertIn("Monitor state: ", result.err)
+        entries = self.run_kovctl("history", "-m", COLOUR, "--lut", "2", "--json").json["entries"]
+        if result.code == 130:
+            self.assertEqual((state, self.active_lut(), len(entries)), ("restored", 0, 1))
+        else:
+            self.assertIn(result.code, (0, 4), result)
+            self.assertEqual((state, self.active_lut(), len(entries)), ("calibrated", 2, 2))
+        return document
+
+    def test_random_moments(self):
+        random.seed(SEED)
+        moments = sorted(random.uniform(0.0, 1.2) for _ in range(8))
+        processes = []
+        for moment in moments:
+            # Each with a monitor of its own, since they are killed side by side.
+            test = Interrupt("test_random_moments")
+            test.setUp()
+            self.addCleanup(test.doCleanups)
+            process = test.calibrate()
+            # From here on it catches interrupts.
+            first = process.stdout.readline()
+            processes.append((test, process, first, time.monotonic() + moment))
+        for test, process, first, when in processes:
+            time.sleep(max(0.0, when - time.monotonic()))
+            process.send_signal(random.choice((signal.SIGINT, signal.SIGTERM, signal.SIGHUP)))
+        for test, process, first, _ in processes:
+            result = test.finish(process)
+            result.out = first.decode() + result.out
+            test.known(result)
+
+    def test_at_the_very_start(self):
+        """Before execute() has begun: the library forgets such a request, kovctl does not."""
+        result = self.interrupt_after(self.calibrate(), lambda event: True)
+        self.assertEqual(result.code, 130, result)
+        self.known(result)
+
+    def test_in_the_last_patch(self):
+        """The calibration may end as canceled or as done; either is said."""
+        total = self.run_kovctl("calibrate", "-m", COLOUR, "--lut", "3", "--levels", "18", "--points",
+                                "0", "--json").json["record"]["patches"]
+        process = self.calibrate("--limits", "none")
+        self.known(self.interrupt_after(process, is_patch(len(total))))
+
+    def test_in_the_check(self):
+        """The calibration is done by then and stays."""
+        process = self.calibrate()
+        result = self.interrupt_after(
+            process, lambda event: event.get("event") == "begin" and event["phase"] == "check")
+        self.assertIn(result.code, (0, 4))
+        self.known(result)
+
+    def test_several_times(self):
+        process = self.calibrate()
+        seen = b""
+        while b'"patch":5' not in seen:
+            seen += process.stdout.readline()
+        for _ in range(5):
+            process.send_signal(signal.SIGINT)
+            time.sleep(0.3)
+        result = self.finish(process)
+        result.out = seen.decode() + result.out
+        self.assertEqual(result.code, 130, result)
+        self.known(result)
+
+    def test_settles_for_ten_seconds(self):
+        process = self.calibrate()
+        seen = b""
+        while b'"patch":5' not in seen:
+            seen += process.stdout.readline()
+        start = time.monotonic()
+        process.send_signal(signal.SIGTERM)
+        result = self.finish(process)
+        self.assertGreaterEqual(time.monotonic() - start, 10.0)
+        self.assertEqual(result.code, 130, result)
+
+    def test_verify(self):
+        process = self.start("verify", "-m", COLOUR, "--lut", "3", "--json-lines")
+        # Fast as it is, it may be through before the signal comes.
+        result = self.interrupt_after(process, is_patch(1))
+        document = schemas.check(result.lines[-1])
+        self.assertIn(document["record"]["result"]["monitorState"], "restored")
+        self.assertIn(result.code, (4, 130))
+        self.assertEqual(self.active_lut(), 0)
+
+    def test_killed_run_is_put_back_later(self):
+        process = self.calibrate()
+        seen = b""
+        while b'"patch":8' not in seen:
+            seen += process.stdout.readline()
+        process.kill()
+        self.finish(process)
+        shown = self.run_kovctl("show", "-m", COLOUR)
+        self.assertIn("a run was killed", shown.err)
+        self.assertEqual(self.run_kovctl("restore", "-m", COLOUR, "--json").json["lut"], 0)
+        self.assertNotIn("a run was killed", self.run_kovctl("show", "-m", COLOUR).err)
+
+    def test_an_abort_that_does_not_get_through(self):
+        """Then the run is ended from inside, and the monitor put back all the same."""
+        self.faults({"call": "Monitor.abortCalibration", "nth": 0, "class": "java.io.IOException",
+                     "message": "Error sending data"})
+        result = self.interrupt_after(self.calibrate(), is_patch(5))
+        self.assertEqual(result.code, 130, result)
+        self.known(result)
+
+
+if __name__ == "__main__":
+    unittest.main()

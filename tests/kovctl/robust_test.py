@@ -1,0 +1,111 @@
+# SPDX-License-Identifier: MIT
+"""Closed streams, full disks, and readers that go away."""
+import os
+import pathlib
+import subprocess
+import unittest
+
+import schemas
+from harness import COLOUR, KOVCTL, KovctlTest
+
+
+class Streams(KovctlTest):
+    def shell(self, command, code=0):
+        process = subprocess.run(["bash", "-c", command], env=dict(self.environment, K=KOVCTL),
+                                 stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        self.assertEqual(process.returncode, code, process)
+        return process
+
+    def test_closed_output(self):
+        record = self.folder / "run.json"
+        self.shell(f'"$K" calibrate -m {COLOUR} --points 18 --record {record} >&-')
+        self.assertTrue(record.read_text(encoding="utf-8").endswith("}\n"))
+
+    def test_closed_errors(self):
+        process = self.shell(f'"$K" calibrate -m {COLOUR} --points 18 2>&-')
+        self.assertIn(b"PASS", process.stdout)
+
+    def test_everything_closed(self):
+        record = self.folder / "run.json"
+        report = self.folder / "run.html"
+        self.shell(f'"$K" calibrate -m {COLOUR} --points 18 --record {record} --report {report} '
+                   "<&- >&- 2>&-")
+        # No output has strayed into a file that took a standard number.
+        self.assertTrue(record.read_text(encoding="utf-8").startswith("{"))
+        self.assertTrue(report.read_text(encoding="utf-8").startswith("<!DOCTYPE html>"))
+        for path in self.home.rglob("*"):
+            if path.is_file():
+                self.assertNotIn(b"PASS", path.read_bytes(), path)
+
+    def test_reader_that_goes_away(self):
+        process = self.shell(
+            f'set -o pipefail; "$K" calibrate -m {COLOUR} --points 18 --json-lines | head -n 1')
+        self.assertEqual(process.stdout.count(b"\n"), 1)
+        self.assertEqual(self.active_lut(), 0)
+        self.assertEqual(len(self.run_kovctl("history", "-m", COLOUR, "--json").json["entries"]), 6)
+
+    def test_errors_to_a_full_device(self):
+        process = self.shell(f'"$K" calibrate -m {COLOUR} --points 18 2>/dev/full')
+        self.assertIn(b"PASS", process.stdout)
+
+    def test_odd_texts_come_through(self):
+        document = schemas.check(self.run_kovctl(
+            "calibrate", "-m", COLOUR, "--points", "0", "--json", "--operator", "Jörg <b>\"x\"</b> 𝄞").json)
+        self.assertEqual(document["record"]["operator"], "Jörg <b>\"x\"</b> 𝄞")
+
+    def test_unreadable_state_folder(self):
+        self.environment["XDG_STATE_HOME"] = "/dev/null"
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+
+
+class FullDisk(KovctlTest):
+    def setUp(self):
+        super().setUp()
+        self.disk = self.folder / "disk"
+        self.disk.mkdir()
+        mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "tmpfs", self.disk],
+                                 stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if mounted.returncode != 0:
+            self.skipTest("no file system can be mounted here")
+        self.addCleanup(subprocess.run, ["umount", self.disk])
+
+    def test_reports_are_written_whole_or_not_at_all(self):
+        report = self.disk / "run.html"
+        report.write_text("the old one")
+        record = self.folder / "run.json"
+        result = self.run_kovctl("calibrate", "-m", COLOUR, "--report", report, "--record", record,
+                                 code=8)
+        self.assertIn("nothing was written to " + str(report), result.err)
+        self.assertIn("No space left on device", result.err)
+        self.assertEqual(report.read_text(), "the old one")
+        self.assertEqual([path.name for path in self.disk.iterdir()], ["run.html"])
+        # The other file, the verdict and the monitor are not concerned.
+        self.assertIn("PASS", result.out)
+        self.assertTrue(record.exists())
+        # With room again, nothing has to be measured anew.
+        self.run_kovctl("report", record, "-o", self.folder / "again.html")
+        self.run_kovctl("report", record, "-o", report, code=8)
+
+    def test_state_on_a_full_disk(self):
+        (self.disk / "fill").write_bytes(b"")
+        with open(self.disk / "fill", "wb", buffering=0) as fill:
+            try:
+                while True:
+                    fill.write(b"x" * 4096)
+            except OSError:
+                pass
+        self.environment["XDG_STATE_HOME"] = str(self.disk)
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+
+
+class Permissions(KovctlTest):
+    @unittest.skipIf(os.geteuid() == 0, "everything is allowed to root")
+    def test_folder_that_cannot_be_written(self):
+        folder = pathlib.Path(self.folder / "locked")
+        folder.mkdir(mode=0o500)
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--report", folder / "r.html",
+                        code=8)
+
+
+if __name__ == "__main__":
+    unittest.main()
