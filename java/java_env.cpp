@@ -20,17 +20,26 @@ constexpr const char* kThreadEnding = "Java is no longer available: the thread i
 }  // namespace
 
 struct EnvOfThread {
-  static JavaEnv* get() {
-    // When the constructor throws, the next call on this thread tries again.
-    thread_local JavaEnv javaEnv;
-    return &javaEnv;
+  // When the constructor throws, the next call on this thread tries again.
+  static JavaEnv* make() {
+    if (threadHasEnded()) throw std::logic_error(kThreadEnding);
+    platform::callAtThreadEnd(&end);
+    setJavaEnvOfThread(nullptr);  // the slot is there; setting it below cannot fail
+    auto* javaEnv = new JavaEnv;
+    setJavaEnvOfThread(javaEnv);
+    return javaEnv;
+  }
+  static void end() {
+    JavaEnv* javaEnv = javaEnvOfThread();
+    setThreadHasEnded();  // also without one: what came now would never be destroyed
+    delete javaEnv;
   }
   static void release(JavaEnv& javaEnv) { javaEnv.release(); }
 };
 
 JavaEnv* Env() {
-  if (threadMark().ended) throw std::logic_error(kThreadEnding);
-  return EnvOfThread::get();
+  JavaEnv* javaEnv = javaEnvOfThread();
+  return javaEnv != nullptr ? javaEnv : EnvOfThread::make();
 }
 
 JavaEnv* readyEnv() {
@@ -40,6 +49,7 @@ JavaEnv* readyEnv() {
 }
 
 void DeleteJavaVM() {
+  if (threadHasEnded()) return;  // nothing is held any more; static objects may still call
   // Kept: the virtual machine is never destroyed; a process cannot have a second one.
   if (JvmLibrary::instance().runningVm() == nullptr) return;
   EnvOfThread::release(*Env());
@@ -53,18 +63,17 @@ JavaEnv::JavaEnv() {
     env_ = std::make_unique<JNIEnv*>(joined.env);
     classes_ = std::make_unique<JavaClasses>();
     classes_->build(this);
+    setJniEnvOfThread(joined.env);
   } catch (...) {
     // Only memory can run out here. The object's destructor will not run, so its detach is due now.
     if (!createdVm_) jni::detachCurrentThread(vm_);
     throw;
   }
-  threadMark().env = joined.env;
   rememberVm(vm_);
 }
 
-// The thread is ending. On Windows this runs under the loader lock: it waits for nothing.
+// The thread is ending.
 JavaEnv::~JavaEnv() {
-  threadMark().ended = true;
   if (!createdVm_ && !platform::processIsEnding()) release();
 }
 
@@ -77,9 +86,10 @@ void JavaEnv::release() {
     return;
   }
   classes_.reset();
-  jni::detachCurrentThread(vm_);
+  // A thread with Java frames below it (inside a callback) cannot be detached and stays attached.
+  if (!jni::detachCurrentThread(vm_)) return;
   *env_ = nullptr;
-  threadMark().env = nullptr;
+  setJniEnvOfThread(nullptr);
 }
 
 const JavaClasses& JavaEnv::classes() const {

@@ -22,8 +22,8 @@ jthrowable anotherReference(jthrowable throwable) {
 JavaException::JavaException(JNIEnv* env, jthrowable throwable, const std::string& className,
                              const std::string& message)
     : std::runtime_error(message), env(env), throwable(nullptr), className(className) {
-  // Last, so that nothing can throw while a reference is held.
-  this->throwable = anotherReference(throwable);
+  // Last, so that nothing can throw while a reference is held. The environment is the caller's own.
+  this->throwable = static_cast<jthrowable>(jni::newGlobalRef(env, throwable));
 }
 
 JavaException::JavaException(const JavaException& other)

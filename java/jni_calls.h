@@ -25,7 +25,7 @@ inline JNIEnv* attachCurrentThread(JavaVM* vm) {
   vm->AttachCurrentThread(&env, nullptr);
   return static_cast<JNIEnv*>(env);
 }
-inline void detachCurrentThread(JavaVM* vm) { vm->DetachCurrentThread(); }
+inline bool detachCurrentThread(JavaVM* vm) { return vm->DetachCurrentThread() == JNI_OK; }
 // The calling thread's environment, null when the thread is not attached.
 inline JNIEnv* attachedEnv(JavaVM* vm) {
   void* env = nullptr;

@@ -53,7 +53,7 @@ JvmLibrary::Joined JvmLibrary::joinOrCreate() {
     vm = runningVm();
     if (vm == nullptr) return create();
   }
-  // The result of the attach is not examined; an environment that did not come is.
+  // The call's result is not examined; that no environment came is, since using it would crash.
   JNIEnv* env = jni::attachCurrentThread(vm);
   if (env == nullptr) throw std::runtime_error(kFailed);
   return {vm, env, false};

@@ -9,22 +9,40 @@
 namespace lumora::kov::java {
 namespace {
 
-// Neither is ever destroyed: handles may be released after every other static object is gone.
-constinit thread_local ThreadMark mark{};
+using platform::ThreadSlot;
+
+// Never destroyed: handles may be released after every other static object is gone.
 constinit std::atomic<JavaVM*> joinedVm{nullptr};
+
+char ended;  // its address stands for a JavaEnv that is no more
 
 }  // namespace
 
-ThreadMark& threadMark() noexcept { return mark; }
+JNIEnv* jniEnvOfThread() noexcept {
+  return static_cast<JNIEnv*>(platform::threadSlot(ThreadSlot::kJniEnv));
+}
+
+void setJniEnvOfThread(JNIEnv* env) { platform::setThreadSlot(ThreadSlot::kJniEnv, env); }
+
+JavaEnv* javaEnvOfThread() noexcept {
+  void* javaEnv = platform::threadSlot(ThreadSlot::kJavaEnv);
+  return javaEnv == &ended ? nullptr : static_cast<JavaEnv*>(javaEnv);
+}
+
+void setJavaEnvOfThread(JavaEnv* javaEnv) {
+  platform::setThreadSlot(ThreadSlot::kJavaEnv, javaEnv);
+}
+
+bool threadHasEnded() noexcept { return platform::threadSlot(ThreadSlot::kJavaEnv) == &ended; }
+
+void setThreadHasEnded() { platform::setThreadSlot(ThreadSlot::kJavaEnv, &ended); }
 
 void rememberVm(JavaVM* vm) noexcept { joinedVm.store(vm); }
 
 ReleaseEnv::ReleaseEnv() noexcept {
   if (platform::processIsEnding()) return;
-  if (mark.env != nullptr) {
-    current = mark.env;
-    return;
-  }
+  current = jniEnvOfThread();
+  if (current != nullptr) return;
   JavaVM* vm = joinedVm.load();
   if (vm == nullptr) return;
   // A thread that was attached by someone else, or one that has never called into Java (then a

@@ -6,13 +6,16 @@
 
 namespace lumora::kov::java {
 
-// What is known of the calling thread without asking Java, also while its thread-local objects are
-// being destroyed. Plain data, so it can be read until the thread is gone.
-struct ThreadMark {
-  JNIEnv* env = nullptr;  // while attached through this library
-  bool ended = false;     // the thread's JavaEnv has been destroyed
-};
-ThreadMark& threadMark() noexcept;
+class JavaEnv;
+
+// What is known of the calling thread without asking Java, until it is gone.
+JNIEnv* jniEnvOfThread() noexcept;  // while attached through this library
+void setJniEnvOfThread(JNIEnv* env);
+JavaEnv* javaEnvOfThread() noexcept;  // null before there is one, and once it is being destroyed
+void setJavaEnvOfThread(JavaEnv* javaEnv);
+// The thread's JavaEnv is being, or has been, destroyed.
+bool threadHasEnded() noexcept;
+void setThreadHasEnded();
 
 // The calling thread's environment for one release, whatever the thread has done before: its own,
 // or that of an attachment that ends with this object. env() is null when there is no Java to call:

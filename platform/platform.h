@@ -37,6 +37,18 @@ std::string runtimeOption(const std::string& option);
 /// device, and without waiting for any of them. The caller closes it with std::fclose.
 std::FILE* openFile(const std::string& path);
 
+/// What the library keeps for each thread: pointers, null at first. They can be read and set until
+/// the thread is gone, also while its own objects are being destroyed. Setting throws
+/// std::bad_alloc when the system has no memory for the thread's first.
+enum class ThreadSlot { kJavaEnv, kJniEnv };
+inline constexpr int kThreadSlots = 2;
+void* threadSlot(ThreadSlot slot) noexcept;
+void setThreadSlot(ThreadSlot slot, void* value);
+
+/// Has the function called when the calling thread ends, on it and once, however often this is
+/// called; also on the thread that ends the process, if the system can. Throws std::bad_alloc.
+void callAtThreadEnd(void (*function)());
+
 /// Blocks the calling thread for at least this long.
 void sleepMilliseconds(unsigned milliseconds);
 

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include <windows.h>
+
+#include <new>
+
+#include "platform/platform.h"
+
+// The system's own slots and not thread_local: mingw keeps thread_local objects in memory that is
+// given back, at the end of a thread, before their destructors run.
+namespace lumora::platform {
+namespace {
+
+struct Slots {
+  Slots() {
+    for (DWORD& slot : index) slot = ::TlsAlloc();
+  }
+  DWORD index[kThreadSlots];
+};
+
+// Never given back: a thread may end while the process does.
+const Slots& slots() noexcept {
+  static const Slots allocated;
+  return allocated;
+}
+
+// Called before the thread's modules are told of its end, so the loader's lock is free: the virtual
+// machine may be starting threads of its own, which need it. Called for the end of a fiber too; a
+// host's fibers share their thread's environment, which then stays.
+void NTAPI atEnd(void* function) {
+  if (function == nullptr || ::IsThreadAFiber()) return;
+  reinterpret_cast<void (*)()>(function)();
+}
+
+DWORD endIndex() noexcept {
+  static const DWORD index = ::FlsAlloc(&atEnd);
+  return index;
+}
+
+}  // namespace
+
+// TlsGetValue clears the thread's last error, which is the host's.
+void* threadSlot(ThreadSlot slot) noexcept {
+  const DWORD error = ::GetLastError();
+  void* value = ::TlsGetValue(slots().index[static_cast<int>(slot)]);
+  ::SetLastError(error);
+  return value;
+}
+
+void setThreadSlot(ThreadSlot slot, void* value) {
+  if (!::TlsSetValue(slots().index[static_cast<int>(slot)], value)) throw std::bad_alloc();
+}
+
+void callAtThreadEnd(void (*function)()) {
+  if (!::FlsSetValue(endIndex(), reinterpret_cast<void*>(function))) throw std::bad_alloc();
+}
+
+}  // namespace lumora::platform
