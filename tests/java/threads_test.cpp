@@ -172,6 +172,9 @@ TEST(Threads, HandlesMayBeCopiedAndReleasedOnManyThreadsAtOnce) {
 }
 
 // Thread-local objects are destroyed in the reverse order of their construction.
+// mingw gives a thread's thread_local memory back before it destroys what lies there, so a program of
+// its making cannot have such objects.
+#ifndef __MINGW32__
 struct HandleOfThread {
   std::unique_ptr<Monitor> handle;
 };
@@ -229,5 +232,6 @@ TEST(Threads, EnvWhileTheThreadsObjectsAreDestroyedThrows) {
   });
   EXPECT_EQ(answer, "Java is no longer available: the thread is ending");
 }
+#endif
 
 }  // namespace

@@ -52,4 +52,13 @@ export WINEPATH=$dll_folders${WINEPATH:-}
 
 L5KOV_COMMON_APPDATA=$(windows_path "${L5KOV_COMMON_APPDATA:-C:\\ProgramData}")
 export L5KOV_COMMON_APPDATA
-exec "$wine" "$@"
+
+# Through files: the first program of a prefix starts Wine's services, which would hold a pipe open
+# long after the program's end.
+output=$(mktemp -d)
+trap 'rm -rf "$output"' EXIT
+status=0
+"$wine" "$@" >"$output/out" 2>"$output/err" || status=$?
+cat "$output/out"
+cat "$output/err" >&2
+exit "$status"
