@@ -160,7 +160,7 @@ RunRecord sampleVerification() {
   RunRecord record;
   describe(record);
   record.kind = RunKind::kVerify;
-  record.limitsProfile = "din-6868-157-radiography";
+  record.limitsProfile = "tg18-primary";
   Panel panel(record);
   const auto curve = wantedCurve(record.target, std::nullopt);
   for (int level = 0; level <= 255; level += 5)

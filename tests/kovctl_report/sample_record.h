@@ -10,7 +10,7 @@ namespace kovctl::test {
 
 /// A calibration of an invented panel to DICOM, 0.5 to 250 cd/m² in 0.1 cd/m² of room light:
 /// warm-up, black, white, primaries, 52 native grays and 18 verified ones, with seeded noise.
-/// Within the limits of every radiography profile but the one on 250 cd/m².
+/// Within the limits of every profile but the one that wants 300 cd/m².
 RunRecord sampleCalibration();
 
 /// A verification with 52 levels of the same panel, with one gray far too bright.

@@ -158,10 +158,10 @@ TEST(Verdict, PassesWhatIsWithinAndNamesTheReason) {
 
 TEST(Verdict, ALimitMetExactlyIsMet) {
   RunRecord record = exact(15);
-  record.limitsProfile = "din-6868-157-radiography";
-  record.patches.back().luminance = 250.0;
+  record.limitsProfile = "din-6868-157-dental-rk5";
+  record.patches.back().luminance = 200.0;
   EXPECT_EQ(of(verdictOn(record), Quantity::kMaximumLuminance).outcome, Outcome::kPass);
-  record.patches.back().luminance = 249.999;
+  record.patches.back().luminance = 199.999;
   EXPECT_EQ(of(verdictOn(record), Quantity::kMaximumLuminance).outcome, Outcome::kFail);
 }
 
@@ -226,10 +226,12 @@ TEST(Limits, HaveTheSourcesNumbers) {
   EXPECT_EQ(value("tg18-primary", Quantity::kContrastResponse), 0.10);
   EXPECT_EQ(value("tg270-diagnostic", Quantity::kAmbientRatio), 2.0 / 3.0);
   EXPECT_EQ(value("tg270-diagnostic", Quantity::kLuminanceRatio), 250.0);
-  EXPECT_EQ(value("din-6868-157-radiography", Quantity::kMaximumLuminance), 250.0);
-  EXPECT_EQ(value("din-6868-157-ct", Quantity::kMaximumLuminance), 150.0);
-  EXPECT_EQ(value("din-6868-157-ct", Quantity::kContrastResponse), 0.15);
-  EXPECT_EQ(value("din-6868-157-ct", Quantity::kLuminanceRatio), 100.0);
+  EXPECT_EQ(value("tg270-diagnostic", Quantity::kWhiteLevel), 0.10);
+  EXPECT_EQ(value("tg270-other", Quantity::kLuminanceRatio), -1.0);
+  EXPECT_EQ(value("din-6868-157-dental-rk5", Quantity::kMaximumLuminance), 200.0);
+  EXPECT_EQ(value("din-6868-157-dental-rk6", Quantity::kMaximumLuminance), 300.0);
+  EXPECT_EQ(value("din-6868-157-dental-rk5", Quantity::kLuminanceRatio), 100.0);
+  EXPECT_EQ(value("din-6868-157-dental-rk6", Quantity::kLuminanceRatio), 100.0);
 }
 
 TEST(Limits, AreWrittenForPeople) {
