@@ -23,22 +23,18 @@ constexpr std::string_view kAmbientTwoThirds =
     "pacsdisplay/pacsdisplay), lutGenerate, step 3";
 constexpr std::string_view kContrastTg18 =
     "AAPM On-line Report 03 (TG-18, 2005) for the method, 18 gray levels; the 10 % are those of "
-    "the "
-    "ACR–AAPM–SIIM technical standard for electronic practice of medical imaging; both in the "
+    "the ACR–AAPM–SIIM technical standard for electronic practice of medical imaging; both in the "
     "pacsDisplay module documentation (GitHub, pacsdisplay/pacsdisplay), lumResponse, QC "
     "evaluations";
 constexpr std::string_view kRatioNewYork =
     "not from the AAPM: New York City quality assurance regulations for primary diagnostic "
-    "monitors "
-    "(2016), luminance ratio of at least 250:1; quoted in the abstracts of The Assessment and "
-    "Characterization of the Built-in Internal Photometer of Primary Diagnostic Monitors "
-    "(SU-F-I-61, "
-    "doi 10.1118/1.4955889, and the article of that title)";
+    "monitors (2016), luminance ratio of at least 250:1; quoted in the abstracts of The "
+    "Assessment and Characterization of the Built-in Internal Photometer of Primary Diagnostic "
+    "Monitors (SU-F-I-61, doi 10.1118/1.4955889, and the article of that title)";
 constexpr std::string_view kWhiteLevelTolerance =
-    "not from the AAPM: 10 % tolerance on the target maximum luminance, recommended by the "
-    "seller of the monitors examined in the article The Assessment and Characterization of the "
-    "Built-in Internal "
-    "Photometer of Primary Diagnostic Monitors (abstract)";
+    "not from the AAPM: 10 % tolerance on the target maximum luminance, recommended by the seller "
+    "of the monitors examined in the article The Assessment and Characterization of the Built-in "
+    "Internal Photometer of Primary Diagnostic Monitors (abstract)";
 
 constexpr std::string_view kDental5Luminance =
     "DIN 6868-157 (2014), 200 cd/m² for room class 5; quoted by the X-ray office of the "
