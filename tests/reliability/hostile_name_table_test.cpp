@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: MIT
+// Name tables that were made to hurt whoever reads them.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <fstream>
+
+#include "tests/monitor/name_table_fixture.h"
+
+namespace {
+
+using namespace kovtest;
+using std::chrono::steady_clock;
+
+// A mebibyte of XML before a hole of a gibibyte: more than any table, less than the memory there
+// is. The reader takes the file into memory, which costs time and gives "noPackage".
+TEST_F(NameTable, SparseGibibyteGivesNoPackage) {
+  write(table(package("Alpha", model("L5-X240"))));
+  ASSERT_EQ(packageOf("L5-X240"), "Alpha");
+  write("<KovMonitorName>" + package("Alpha", model("L5-X240")));
+  std::filesystem::resize_file(file, std::uintmax_t{1} << 30);
+  const auto begin = steady_clock::now();
+  EXPECT_EQ(packageOf("L5-X240"), "noPackage");
+  const std::chrono::duration<double> lasted = steady_clock::now() - begin;
+  RecordProperty("milliseconds", static_cast<int>(lasted.count() * 1000));
+}
+
+TEST_F(NameTable, TenThousandLevelsGiveNoPackage) {
+  std::string deep;
+  for (int i = 0; i < 10000; ++i) deep += "<PackageInfo>";
+  write("<KovMonitorName>" + package("Alpha", model("L5-X240")) + deep);
+  EXPECT_EQ(packageOf("L5-X240"), "noPackage");
+}
+
+// Entities that a document defines itself are not expanded, so none can grow.
+TEST_F(NameTable, EntitiesOfTheDocumentAreLeftAsTheyAre) {
+  std::string definitions = "<!ENTITY a0 \"ha\">";
+  for (int i = 1; i <= 60; ++i) {
+    const std::string before = "&a" + std::to_string(i - 1) + ";";
+    definitions += "<!ENTITY a" + std::to_string(i) + " \"" + before + before + "\">";
+  }
+  write("<!DOCTYPE KovMonitorName [" + definitions + "]>" +
+        table(package("&a60;", model("L5-X240"))).substr(39));
+  const auto begin = steady_clock::now();
+  const std::string package = packageOf("L5-X240");
+  EXPECT_TRUE(package == "&a60;" || package == "noPackage") << package;
+  EXPECT_LT(steady_clock::now() - begin, std::chrono::seconds(5));
+}
+
+// A system entity names a file that must not come out as a package's name.
+TEST_F(NameTable, EntitiesThatNameAFileAreNotRead) {
+  const std::filesystem::path secret = file.parent_path() / "secret.txt";
+  std::ofstream(secret) << "secret";
+  write("<!DOCTYPE KovMonitorName [<!ENTITY f SYSTEM \"file://" + secret.string() + "\">]>" +
+        table(package("&f;", model("L5-X240"))).substr(39));
+  EXPECT_EQ(packageOf("L5-X240").find("secret"), std::string::npos);
+  std::filesystem::remove(secret);
+}
+
+TEST_F(NameTable, NumbersOfCharactersBeyondAllAreHarmless) {
+  for (const char* reference :
+       {"&#0;", "&#x110000;", "&#xFFFFFFFFF;", "&#-1;", "&#x;", "&#", "&;"}) {
+    SCOPED_TRACE(reference);
+    write(table(package(reference, model("L5-X240"))));
+    EXPECT_NO_THROW(packageOf("L5-X240"));
+  }
+}
+
+}  // namespace
