@@ -116,6 +116,7 @@ void KovCalibrator::takeResults(jobject list) {
   }
 }
 
+// Kept: this and the next look neither at the flag nor at the delegate.
 jstring KovCalibrator::GetMeasurementSerialNumberProc(JNIEnv* env, jobject, std::int64_t handle) {
   return atJavaBoundary(env, [&] {
     // Kept: through the thread's own environment, not the one passed in.

@@ -56,7 +56,8 @@ KovCalibrator::KovCalibrator(const std::string& monitorName, const std::string& 
   deviceId = MDGetDeviceID(measurementDevice);
   // Kept: asked twice when there is one; the first text may not outlive the question.
   if (MDGetSerialNumber(measurementDevice) != nullptr) {
-    deviceSerialNumber = MDGetSerialNumber(measurementDevice);
+    const char* text = MDGetSerialNumber(measurementDevice);
+    if (text != nullptr) deviceSerialNumber = text;  // unplugged between the two
   }
 }
 
@@ -86,7 +87,7 @@ OmError KovCalibrator::cancel() try {
   const Monitor monitor = KovMonitorManager::get().getMonitorByName(monitorName, monitorKey);
   if (flags.calibrationActive()) {
     monitor.abortCalibration();
-    flags.setCanceled();
+    flags.setCanceled();  // Kept: after the abort, so a run that ends at once may still be done
   }
   return OM_OK;
 } catch (const JavaException& e) {

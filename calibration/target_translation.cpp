@@ -33,7 +33,7 @@ constexpr DisplayFunctionRow kDisplayFunctions[] = {
     {"CIE", "CIE 1976", Further::kNothing},
     {"EXP", "Gamma Function", Further::kGivenExponent},
     {"LOG_LINEAR", "Logarithmic Luminance Linear", Further::kNothing},
-    {"LINEAR", "Gamma Function", Further::kExponentOne},
+    {"LINEAR", "Gamma Function", Further::kExponentOne},  // Kept: a gamma function of 1.0
     {"NATIVE", "Original", Further::kNothing},
     {"USER_DEFINE", "Userdefined", Further::kCurve},
 };
@@ -71,6 +71,7 @@ void setCurve(JNIEnv* env, const JApiCalibrationTargetValues& values, const Valu
 
 OmError KovCalibrator::setCalibrationTarget(const Value& target, const Value& curve, const Value&,
                                             double ambientLight, bool) {
+  // Kept: the third value and the last flag are accepted and not read.
   // Kept: no handler here, so a temperature that cannot be read leaves as a standard exception.
   if (const OmError error = setTargetLuminance(target, ambientLight); failed(error)) return error;
   if (const OmError error = setDisplayFunction(target, curve); failed(error)) return error;

@@ -20,7 +20,7 @@ enum OmCtrlKeyLockState : std::int32_t {
 /// A monitor's time of use.
 struct OMC_USAGETIME {
   std::int32_t workingHours;  ///< accumulated working time in hours, as the Java library reports it
-  std::int32_t reserved;      ///< always 0
+  std::int32_t reserved;      ///< always 0  (Kept: part of the layout)
 };
 
 static_assert(sizeof(OmCtrlPanelType) == 4 && sizeof(OmCtrlKeyLockState) == 4, "32-bit enums");

@@ -35,9 +35,10 @@ class Kept;
 /// called while another thread is inside execute(). setCalibrationTarget() must not overlap
 /// execute().
 ///
-/// Exceptions: every operation says what can leave it. OmError results: OM_ERR_JAVA and
-/// OM_ERR_COMMUNICATION as described there; the message of the last Java failure stays available
-/// through getErrorMsg().
+/// Exceptions: where an operation names none, nothing but std::bad_alloc leaves it. Those that name
+/// what java::Env() throws also throw std::logic_error after DeleteJavaVM() on the thread. OmError
+/// results: OM_ERR_JAVA and OM_ERR_COMMUNICATION as described there; the message of the last Java
+/// failure stays available through getErrorMsg().
 class L5KOV_API KovCalibrator {
  public:
   /// @param monitorName, monitorKey  the monitor: the two texts of
@@ -76,8 +77,8 @@ class L5KOV_API KovCalibrator {
   ///   "numberOfGraylevels"       int, 0: gray levels to measure; 0 lets the Java library choose
   ///   "measureBacklightResponse" bool, false
   /// `curve` is the array of numbers for "USER_DEFINE"; anything else leaves the curve as it is.
-  /// `unused1` and `unused2` are accepted and not read. `ambientLight` is in the Java library's
-  /// unit, cd/m².
+  /// `unused1` and `unused2` are accepted and not read. `ambientLight` is
+  /// handed to the Java library as it is.
   ///
   /// Stops at the first failure; what was set before it stays set.
   /// @return OM_OK, OM_ERR_JAVA or OM_ERR_COMMUNICATION
@@ -140,7 +141,8 @@ class L5KOV_API KovCalibrator {
    private:
     static constexpr std::uint16_t kCanceled = 0x0001;
     static constexpr std::uint16_t kActive = 0x0100;
-    std::atomic<std::uint16_t> word{kActive};
+    std::atomic<std::uint16_t> word{kActive};  // Kept: active from the start, see cancel()
+    static_assert(sizeof(word) == 2 && decltype(word)::is_always_lock_free, "one word, no lock");
   };
 
   OmError getErrorCode(const java::JavaException& e);

@@ -14,8 +14,8 @@ namespace kov {
 /// Finds the monitors of the workstation. Call find() first; the other operations start no search.
 ///
 /// Operations may be called on any thread; there is no lock, and two searches at the same time
-/// drive the same Java library. All throw java::JavaException when the Java library does, and what
-/// java::Env() throws.
+/// drive the same Java library. All throw java::JavaException when the Java library does, what
+/// java::Env() throws, and std::logic_error after DeleteJavaVM() on the thread.
 class L5KOV_API KovMonitorManager {
  public:
   KovMonitorManager();
@@ -35,8 +35,8 @@ class L5KOV_API KovMonitorManager {
   /// A new handle for every monitor that the Java library lists now, in its order.
   std::vector<Monitor> getMonitors();
 
-  /// The monitor that the Java library finds for the two texts (UTF-8), handed on in this order:
-  /// model name and serial number.
+  /// The monitor that the Java library finds for the two texts (UTF-8), handed on in this order. What
+  /// they mean is the Java library's affair; the simulator's takes model and serial number.
   /// @throws std::logic_error "Can not find monitor"
   Monitor getMonitorByName(const std::string& monitorName, const std::string& monitorKey);
 

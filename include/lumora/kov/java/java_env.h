@@ -20,10 +20,14 @@ class JavaEnv;
 ///
 /// After DeleteJavaVM() on the same thread the same object comes back, without bindings.
 ///
+/// A thread's first call should not come from inside a Java native method or a JNI local frame of the
+/// host's own: the class references that it makes live as long as the frame around it.
+///
 /// @return never null; owned by the library
 /// @throws std::logic_error while the thread's own thread-local objects are being destroyed
 /// @throws std::runtime_error "Failed to create Java VM": the runtime library is missing, cannot be
-///         loaded or refuses to start. A failed load is not tried again in this process.
+///         loaded or refuses to start, or the thread cannot be attached. A failed load is not tried
+///         again in this process.
 /// @throws std::range_error "bad conversion": the path of the runtime library is not valid UTF-8
 L5KOV_API JavaEnv* Env();
 
@@ -32,8 +36,11 @@ L5KOV_API JavaEnv* Env();
 /// detach. The virtual machine goes on running. Does nothing while no virtual machine runs, and
 /// nothing on a thread that has released its hold before.
 ///
-/// It is the last Java-related call that a thread may make: every later operation of this library
-/// on the thread throws std::logic_error.
+/// It is the last Java-related call that a thread may make, and must not be made inside a
+/// KovCalibratorDelegate. Every later operation of this library on the thread throws
+/// std::logic_error; the calibrator's that return an OmError return OM_ERR_COMMUNICATION instead, but
+/// for setCalibrationTarget(), which throws. Does nothing while the thread's own objects are being
+/// destroyed.
 ///
 /// @throws what Env() throws, and JavaException when System.gc() failed
 L5KOV_API void DeleteJavaVM();
@@ -42,7 +49,7 @@ L5KOV_API void DeleteJavaVM();
 /// that called Env(); it belongs to that thread, must not be used on another, and lives until the
 /// thread ends.
 ///
-/// When the thread ends, a thread that was attached here is detached again. The thread that created
+/// When the thread ends it is detached, also if the host had attached it. The thread that created
 /// the virtual machine stays attached: neither it nor anyone else destroys the machine, since a
 /// second one cannot be created in the same process.
 class L5KOV_API JavaEnv {
