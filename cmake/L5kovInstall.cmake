@@ -19,6 +19,5 @@ install(FILES ${PROJECT_SOURCE_DIR}/cmake/l5kovConfig.cmake
 # The maker's libraries belong to the host's machine, not to the one that builds the host: a program
 # that links libl5kov is linked without them.
 if(NOT WIN32)
-  target_link_options(l5kov INTERFACE
-    $<INSTALL_INTERFACE:LINKER:--unresolved-symbols=ignore-in-shared-libs>)
+  target_link_options(l5kov INTERFACE LINKER:--unresolved-symbols=ignore-in-shared-libs)
 endif()
