@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <barrier>
+#include <chrono>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -39,14 +39,17 @@ TEST(Race, CancelAgainstExecuteEndsEachRunInItsDocumentedCode) {
     KovCalibrator made("L5-X240", "SN0001", 0, &delegate, "text", "", &delegate);
     std::atomic<int> patches{0};
     delegate.onShow = [&](auto&) { ++patches; };
-    world.onCalibrate([](CalibrationRun& calibration) {
-      for (int i = 0; i < 20; ++i) {
+    // Most runs go on until they notice the cancel, as a monitor would; every twenty-first ends by
+    // itself while the cancel comes.
+    const int moment = run % 21;
+    world.onCalibrate([moment](CalibrationRun& calibration) {
+      for (int i = 0; i < 20 || moment < 20; ++i) {
         calibration.draw(i, i, i);
         if (!calibration.measure()) return;
+        if (i > moment) std::this_thread::sleep_for(std::chrono::milliseconds(1));
       }
       calibration.finishWith(250, 0.5, 812);
     });
-    const int moment = run % 21;
     std::atomic<bool> over{false};
     std::thread canceler([&] {
       while (patches < moment && !over) std::this_thread::yield();
@@ -72,7 +75,7 @@ TEST(Race, CancelAgainstExecuteEndsEachRunInItsDocumentedCode) {
   RecordProperty("canceled", canceled);
   RecordProperty("finished", finished);
   EXPECT_EQ(canceled + finished, 200);
-  EXPECT_GT(canceled, 0);
+  EXPECT_GE(canceled, 191) << "all but those that ended by themselves";
 }
 
 TEST(Race, HandlesCopiedUsedAndDroppedByEightThreads) {
