@@ -23,15 +23,6 @@ using lumora::kov::java::DeleteJavaVM;
 using lumora::kov::java::Env;
 using lumora::kov::java::JavaEnv;
 
-// A thread's log from outside, in the order in which threads first appeared.
-Lines linesOfThread(FakeJvm& jvm, int number) {
-  Lines lines;
-  for (const fakejvm::LogLine& line : jvm->logOfAllThreads()) {
-    if (line.thread == number) lines.push_back(line.text);
-  }
-  return lines;
-}
-
 TEST(Threads, ASecondThreadAttachesAndDetachesAtItsEnd) {
   FakeJvm jvm;
   const JavaEnv* const first = Env();
@@ -175,6 +166,15 @@ TEST(Threads, HandlesMayBeCopiedAndReleasedOnManyThreadsAtOnce) {
 // mingw gives a thread's thread_local memory back before it destroys what lies there, so a program of
 // its making cannot have such objects.
 #ifndef __MINGW32__
+// A thread's log from outside, in the order in which threads first appeared.
+Lines linesOfThread(FakeJvm& jvm, int number) {
+  Lines lines;
+  for (const fakejvm::LogLine& line : jvm->logOfAllThreads()) {
+    if (line.thread == number) lines.push_back(line.text);
+  }
+  return lines;
+}
+
 struct HandleOfThread {
   std::unique_ptr<Monitor> handle;
 };
