@@ -8,8 +8,8 @@
 
 namespace kovctl::sys {
 
-/// Writes a file whole or not at all: beside its place first, to the disk, then into its place. What
-/// was there before stays until then. Devices such as /dev/stdout are written to directly.
+/// Writes a file whole or not at all: beside its place first, to the disk, then into its place.
+/// What was there before stays until then. Devices such as /dev/stdout are written to directly.
 /// @throws std::runtime_error with the path and the system's reason
 void writeWhole(const std::string& path, std::string_view content);
 

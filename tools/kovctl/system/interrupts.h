@@ -14,7 +14,8 @@ void catchInterrupts();
 /// How many there were.
 int interruptCount();
 
-/// Waits until there was more than `seen`, or the time is over; tells whether there was. Any thread.
+/// Waits until there was more than `seen`, or the time is over; tells whether there was. Any
+/// thread.
 bool waitForInterrupt(int seen, std::chrono::milliseconds time);
 
 }  // namespace kovctl::sys

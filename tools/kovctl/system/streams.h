@@ -2,6 +2,7 @@
 #ifndef L5KOV_TOOLS_KOVCTL_SYSTEM_STREAMS_H_
 #define L5KOV_TOOLS_KOVCTL_SYSTEM_STREAMS_H_
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -16,18 +17,19 @@ enum class Written {
 };
 
 /// To be called before anything else. A closed standard stream is opened to nowhere, so that no
-/// file of this program or of the Java runtime takes its number; writing to a closed pipe becomes
-/// an error instead of the end of the process.
+/// file of this program or of the Java runtime takes its number; writing to a closed pipe or beyond
+/// the size that a file may have becomes an error instead of the end of the process. And what is
+/// meant for standard output goes there by write() alone: whatever the Java runtime and the
+/// plug-ins print joins standard error, so that results stay readable for programs.
 void prepareStandardStreams();
-
-/// Whether the stream was closed when the program started.
-bool wasClosed(Stream stream);
 
 /// Unbuffered. Any thread; texts of different threads do not mix within one call.
 Written write(Stream stream, std::string_view text);
 
-/// One line of input without its end; false at the end of the input.
-bool readLine(std::string& line);
+/// One line of input without its end; false at the end of the input, and as soon as `mustStop` says
+/// so.
+bool readLine(
+    std::string& line, const std::function<bool()>& mustStop = [] { return false; });
 
 bool isTerminal(Stream stream);
 

@@ -12,11 +12,16 @@ std::string machineOf(std::string_view file) {
   if (file.size() < sizeof header || std::memcmp(file.data(), ELFMAG, SELFMAG) != 0) return "";
   std::memcpy(&header, file.data(), sizeof header);
   switch (header.e_machine) {
-    case EM_X86_64: return "x86-64";
-    case EM_AARCH64: return "aarch64";
-    case EM_386: return "x86";
-    case EM_ARM: return "arm";
-    default: return "machine " + std::to_string(header.e_machine);
+    case EM_X86_64:
+      return "x86-64";
+    case EM_AARCH64:
+      return "aarch64";
+    case EM_386:
+      return "x86";
+    case EM_ARM:
+      return "arm";
+    default:
+      return "machine " + std::to_string(header.e_machine);
   }
 }
 

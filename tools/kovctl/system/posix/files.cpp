@@ -53,6 +53,37 @@ void syncFolder(const std::string& folder) {
   ::close(number);
 }
 
+// What a link points to is replaced, not the link.
+std::string withoutLinks(const std::string& path) {
+  char* const real = ::realpath(path.c_str(), nullptr);
+  if (real == nullptr) return path;
+  std::string result = real;
+  ::free(real);
+  return result;
+}
+
+void replaceFile(const std::string& path, std::string_view content, mode_t mode) {
+  std::string beside = path + ".XXXXXX";
+  const int file = ::mkostemp(beside.data(), O_CLOEXEC);
+  if (file < 0) fail(path);
+  bool done = ::fchmod(file, mode) == 0 && writeAll(file, content) && ::fsync(file) == 0;
+  int error = errno;
+  if (::close(file) != 0 && done) {
+    done = false;
+    error = errno;
+  }
+  if (done && ::rename(beside.c_str(), path.c_str()) != 0) {
+    done = false;
+    error = errno;
+  }
+  if (!done) {
+    ::unlink(beside.c_str());
+    errno = error;
+    fail(path);
+  }
+  syncFolder(folderOf(path));
+}
+
 std::string environment(const char* name) {
   const char* value = ::secure_getenv(name);
   return value == nullptr ? "" : value;
@@ -62,26 +93,15 @@ std::string environment(const char* name) {
 
 void writeWhole(const std::string& path, std::string_view content) {
   struct stat status {};
-  const bool there = ::stat(path.c_str(), &status) == 0;
-  if (there && !S_ISREG(status.st_mode)) return writeInPlace(path, content);
-
-  std::string beside = path + ".XXXXXX";
-  const int file = ::mkostemp(beside.data(), O_CLOEXEC);
-  if (file < 0) fail(path);
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
-  const bool written = ::fchmod(file, there ? status.st_mode & 0777 : 0666 & ~mask) == 0 &&
-                       writeAll(file, content) && ::fsync(file) == 0;
-  int error = errno;
-  const bool closed = ::close(file) == 0;
-  if (written && !closed) error = errno;
-  if (!written || !closed || ::rename(beside.c_str(), path.c_str()) != 0) {
-    if (written && closed) error = errno;
-    ::unlink(beside.c_str());
-    errno = error;
-    fail(path);
+  if (::stat(path.c_str(), &status) != 0) {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    replaceFile(path, content, 0666 & ~mask);
+  } else if (S_ISREG(status.st_mode)) {
+    replaceFile(withoutLinks(path), content, status.st_mode & 0777);
+  } else {
+    writeInPlace(path, content);
   }
-  syncFolder(folderOf(path));
 }
 
 std::optional<std::string> readWhole(const std::string& path) {
@@ -98,14 +118,18 @@ std::optional<std::string> readWhole(const std::string& path) {
   return content;
 }
 
-bool exists(const std::string& path) { return ::access(path.c_str(), F_OK) == 0; }
+bool exists(const std::string& path) {
+  return ::access(path.c_str(), F_OK) == 0;
+}
 
 bool isFolder(const std::string& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-void removeFile(const std::string& path) { ::unlink(path.c_str()); }
+void removeFile(const std::string& path) {
+  ::unlink(path.c_str());
+}
 
 void makeFolder(const std::string& path) {
   if (isFolder(path)) return;
@@ -141,10 +165,18 @@ std::string executable() {
   return size > 0 ? std::string(buffer, static_cast<std::size_t>(size)) : "kovctl";
 }
 
-std::string runtimeLibraryIn(const std::string& jre) { return jre + "/lib/server/libjvm.so"; }
-std::string meterLibraryName() { return "libmeter_x64.so"; }
-std::string chromaLibraryName() { return "libchroma_x64.so"; }
-std::string mainLibraryName() { return "libkovctl-main.so"; }
+std::string runtimeLibraryIn(const std::string& jre) {
+  return jre + "/lib/server/libjvm.so";
+}
+std::string meterLibraryName() {
+  return "libmeter_x64.so";
+}
+std::string chromaLibraryName() {
+  return "libchroma_x64.so";
+}
+std::string mainLibraryName() {
+  return "libkovctl-main.so";
+}
 
 std::string hostName() {
   char buffer[256] = {};

@@ -12,7 +12,9 @@ namespace {
 std::atomic<int> count{0};
 static_assert(std::atomic<int>::is_always_lock_free, "written to inside a signal handler");
 
-extern "C" void countInterrupt(int) { count.fetch_add(1); }
+extern "C" void countInterrupt(int) {
+  count.fetch_add(1);
+}
 
 }  // namespace
 
@@ -29,7 +31,9 @@ void catchInterrupts() {
   }
 }
 
-int interruptCount() { return count.load(); }
+int interruptCount() {
+  return count.load();
+}
 
 // Polled: a condition cannot be signalled from a handler, and nobody notices 20 ms.
 bool waitForInterrupt(int seen, std::chrono::milliseconds time) {

@@ -12,6 +12,8 @@ SharedLibrary::SharedLibrary(const std::string& name)
   if (handle == nullptr) throw std::runtime_error(::dlerror());
 }
 
-void* SharedLibrary::find(const char* symbol) const { return ::dlsym(handle, symbol); }
+void* SharedLibrary::find(const char* symbol) const {
+  return ::dlsym(handle, symbol);
+}
 
 }  // namespace kovctl::sys

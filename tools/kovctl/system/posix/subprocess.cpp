@@ -97,8 +97,8 @@ int spawn(pid_t& process, const Subprocess::Start& start, const Pipe& in, const 
   posix_spawnattr_setsigdefault(&attributes, &all);
   posix_spawnattr_setsigmask(&attributes, &none);
   posix_spawnattr_setpgroup(&attributes, 0);
-  posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF |
-                                            POSIX_SPAWN_SETSIGMASK);
+  posix_spawnattr_setflags(&attributes,
+                           POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
   std::vector<std::string> arguments = start.arguments;
   std::vector<std::string> environment = environmentWith(start.environment);
   const int error = ::posix_spawnp(&process, arguments.at(0).c_str(), &actions, &attributes,
@@ -148,7 +148,9 @@ bool Subprocess::write(std::string_view text) {
   return true;
 }
 
-void Subprocess::closeInput() { closeNumber(state->input); }
+void Subprocess::closeInput() {
+  closeNumber(state->input);
+}
 
 Subprocess::Read Subprocess::read(std::string& text, std::chrono::milliseconds time) {
   pollfd wanted{state->output, POLLIN, 0};
