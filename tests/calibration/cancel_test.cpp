@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <random>
 #include <thread>
 
 #include "tests/calibration/calibrator_fixture.h"
@@ -232,40 +231,53 @@ TEST_F(Cancel, ReleasesItsReferencesThroughItsOwnThread) {
   EXPECT_EQ(jvm->attachedThreads(), 1) << "the canceling thread has detached";
 }
 
-// Many runs against a canceller that comes at any moment: each ends as canceled when the flag was
-// set before the run was over, and as a success otherwise.
+// Runs against a thread that cancels: in turn while the run waits for it, after the run has
+// finished, and at the same time as the run goes on, when either may win.
 TEST_F(Cancel, ConcurrentWithExecuteAtAnyMoment) {
   KovCalibrator made = calibrator();
-  world.onCalibrate([](CalibrationRun& run) {
-    for (int i = 0; i < 10; ++i) {
-      run.progress(i);
-      run.draw(i, i, i);
-      if (!run.measure()) return;
-    }
-    run.finishWith(1, 2, 3);
-  });
+  std::atomic<int> asked = 0, answered = 0;
   std::atomic<bool> stop = false;
   std::thread canceller([&] {
-    std::minstd_rand random(1);
     while (!stop) {
+      if (answered == asked) {
+        std::this_thread::yield();
+        continue;
+      }
       EXPECT_EQ(made.cancel(), OM_OK);
-      for (auto spins = random() % 500; spins > 0 && !stop; --spins) std::this_thread::yield();
+      ++answered;
     }
   });
-  std::size_t succeeded = 0, canceled = 0;
-  while ((succeeded < 8 || canceled < 8) && succeeded + canceled < 20000) {
+  const auto untilAnswered = [&] {
+    while (answered != asked) std::this_thread::yield();
+  };
+  enum Kind { kWaits, kFinishesFirst, kRaces };
+  constexpr int kRuns = 150;
+  std::size_t canceled = 0;
+  for (int i = 0; i < kRuns; ++i) {
+    const auto kind = static_cast<Kind>(i % 3);
+    world.onCalibrate([&](CalibrationRun& run) {
+      run.draw(0, 0, 0);
+      if (kind != kFinishesFirst) ++asked;
+      if (kind == kWaits) untilAnswered();
+      for (int step = 0; step < i && run.measure(); ++step) run.progress(step);
+      if (kind == kWaits) {
+        EXPECT_FALSE(run.measure().has_value());
+        return;
+      }
+      run.finishWith(1, 2, 3);
+      if (kind == kFinishesFirst) ++asked;
+    });
     const OmError result = made.execute();
-    if (result == OM_OK) {
-      ++succeeded;
-    } else {
-      EXPECT_EQ(result, OM_ERR_CANCELED);
+    EXPECT_TRUE(result == OM_ERR_CANCELED || (result == OM_OK && kind != kWaits)) << result;
+    EXPECT_TRUE(result == OM_OK || kind != kFinishesFirst) << result;
+    if (result == OM_ERR_CANCELED) {
+      EXPECT_TRUE(made.isCanceled());
       ++canceled;
     }
+    untilAnswered();
   }
   stop = true;
   canceller.join();
-  EXPECT_GE(succeeded, 8U);
-  EXPECT_GE(canceled, 8U);
   EXPECT_EQ(pauses().size(), canceled) << "one pause for each, and for no other";
 }
 
