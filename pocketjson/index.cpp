@@ -19,7 +19,7 @@ constexpr const char* kIndexPastTheEnd = "array index out of range";
 Value& memberOf(Members& members, std::string_view name) {
   const SoughtKey key(name);
   const auto place = members.lower_bound(key);
-  if (place != members.end() && place->first == key) return place->second;
+  if (key.met) return place->second;
   return members
       .emplace_hint(place, std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>())
       ->second;
@@ -41,7 +41,7 @@ const Value& Value::operator[](std::string_view name) const noexcept {
   const SoughtKey key(name);
   const Members& members = held<Members>();
   const auto place = members.lower_bound(key);
-  return place != members.end() && place->first == key ? place->second : nullValue();
+  return key.met ? place->second : nullValue();
 }
 
 Value& Value::operator[](std::size_t index) {

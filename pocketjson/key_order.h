@@ -50,11 +50,6 @@ inline bool sameRest(std::string_view left, std::string_view right) noexcept {
 /// instructions a level of the tree, keeps its registers.
 bool differentRestBefore(std::string_view left, std::string_view right) noexcept;
 
-/// The order of two keys with equal fronts.
-inline bool restBefore(std::string_view left, std::string_view right) noexcept {
-  return !sameRest(left, right) && differentRestBefore(left, right);
-}
-
 }  // namespace pocketjson
 
 #endif  // L5KOV_POCKETJSON_KEY_ORDER_H_

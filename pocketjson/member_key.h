@@ -19,6 +19,9 @@ struct SoughtKey {
 
   std::string_view text;
   std::uint64_t front;
+  /// Set by the comparison that meets the key itself. A search compares with the place where it
+  /// ends, so that this says whether the key is there without comparing once more.
+  mutable bool met = false;
 };
 
 /// The name of a member. Names of up to 24 bytes lie inside it, so that walking a tree of them
@@ -41,10 +44,6 @@ class MemberKey {
   }
 
   std::string_view text() const noexcept { return {isOutside() ? place.outside : place.inside, length}; }
-
-  bool operator==(const SoughtKey& key) const noexcept {
-    return front == key.front && sameRest(text(), key.text);
-  }
 
  private:
   friend struct KeyLess;
@@ -69,15 +68,16 @@ class MemberKey {
 struct KeyLess {
   using is_transparent = void;
 
-  template <typename Left, typename Right>
-  bool operator()(const Left& left, const Right& right) const noexcept {
-    return left.front != right.front ? left.front < right.front
-                                     : restBefore(textOf(left), textOf(right));
+  bool operator()(const MemberKey& left, const SoughtKey& right) const noexcept {
+    if (left.front != right.front) return left.front < right.front;
+    if (!sameRest(left.text(), right.text)) return differentRestBefore(left.text(), right.text);
+    right.met = true;
+    return false;
   }
-
- private:
-  static std::string_view textOf(const MemberKey& key) noexcept { return key.text(); }
-  static std::string_view textOf(const SoughtKey& key) noexcept { return key.text; }
+  bool operator()(const MemberKey& left, const MemberKey& right) const noexcept {
+    if (left.front != right.front) return left.front < right.front;
+    return !sameRest(left.text(), right.text()) && differentRestBefore(left.text(), right.text());
+  }
 };
 
 }  // namespace pocketjson
