@@ -9,9 +9,13 @@ namespace {
 
 using lumora::kov::PatchRecord;
 
+// Another than the one whose history is measured: each calibration adds to it.
+constexpr const char* kCalibratedModel = "OR-C240";
+constexpr const char* kCalibratedSerial = "24000777";
+
 class Instrument : public lumora::kov::KovCalibratorDelegate {
  public:
-  Instrument() : meter(MDSimOpen(163, "METER-17", bench::kSerial)) {}
+  Instrument() : meter(MDSimOpen(163, "METER-17", kCalibratedSerial)) {}
   ~Instrument() override { MDSimClose(meter); }
   Instrument(const Instrument&) = delete;
   Instrument& operator=(const Instrument&) = delete;
@@ -44,7 +48,7 @@ pocketjson::Value target() {
 
 int calibrate() {
   Instrument instrument;
-  lumora::kov::KovCalibrator calibrator(bench::kModel, bench::kSerial, 0, instrument.meter, "bench",
+  lumora::kov::KovCalibrator calibrator(kCalibratedModel, kCalibratedSerial, 0, instrument.meter, "bench",
                                         "", &instrument);
   const bool done = calibrator.registerCallback() == OM_OK &&
                     calibrator.setCalibrationTarget(target(), {}, {}, 0.1, false) == OM_OK &&
@@ -70,8 +74,8 @@ void calibrationFromJava(benchmark::State& state) {
   const auto run = [&] {
     r.env->PushLocalFrame(8);
     const jint steps = bench::checked(r.env, [&] {
-      return r.env->CallStaticIntMethod(host, method, r.env->NewStringUTF(bench::kModel),
-                                        r.env->NewStringUTF(bench::kSerial));
+      return r.env->CallStaticIntMethod(host, method, r.env->NewStringUTF(kCalibratedModel),
+                                        r.env->NewStringUTF(kCalibratedSerial));
     });
     r.env->PopLocalFrame(nullptr);
     return steps;
