@@ -225,7 +225,7 @@ TEST_F(EveryAllocationFails, InTheFirstCallOfAThread) {
     }).join();
     EXPECT_EQ(jvm->attachedThreads(), attached);
   }
-  EXPECT_GT(number, 17) << "each of the seventeen bindings is an allocation";
+  EXPECT_GT(number, 3) << "the environment, its cell and the registry are allocations";
   std::cout << number - 1 << " allocations failed in turn\n";
 }
 
