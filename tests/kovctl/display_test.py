@@ -11,7 +11,7 @@ import xserver
 from harness import COLOUR, KOVCTL, KovctlTest, SOURCE, is_patch
 
 if not xserver.available():
-    print("Xvfb and xwd are needed (Debian: xvfb, x11-apps)")
+    print("Xvfb is needed (Debian: xvfb)")
     sys.exit(77)
 
 
@@ -29,6 +29,7 @@ class Screen(KovctlTest):
         self.log = self.folder / "seen.txt"
         self.environment.update(DISPLAY=self.server.display, SDL_VIDEODRIVER="x11",
                                 FAKE_SPOTREAD_LOG=str(self.log),
+                                FAKE_SPOTREAD_SCREEN=str(self.server.screen),
                                 PATH=f"{tools}:{self.environment['PATH']}")
 
     def seen(self):
@@ -51,7 +52,7 @@ class Window(Screen):
             self.assertEqual(window.stdout.readline(), b"shown %d %d %d\n" % color)
             time.sleep(0.2)
             for x, y in points:
-                self.assertEqual(xserver.pixel(self.server.display, x, y), color, (x, y))
+                self.assertEqual(self.server.pixel(x, y), color, (x, y))
         window.stdin.close()
         self.assertEqual(window.wait(timeout=30), 0)
         window.stdout.close()

@@ -11,11 +11,14 @@
 namespace kovctl {
 namespace {
 
-TEST(Catalogue, HasAllMembers) { EXPECT_EQ(catalogue().size(), 112U); }
+TEST(Catalogue, HasAllMembers) {
+  EXPECT_EQ(catalogue().size(), 112U);
+}
 
 TEST(JavaRelease, IsReadFromItsFile) {
   const JavaRelease release = JavaRelease::parse(
-      "IMPLEMENTOR=\"Debian\"\nJAVA_VERSION=\"17.0.21\"\nJAVA_VERSION_DATE=\"2026\"\nOS_ARCH=\"x86_64\"");
+      "IMPLEMENTOR=\"Debian\"\nJAVA_VERSION=\"17.0.21\"\nJAVA_VERSION_DATE=\"2026\"\nOS_ARCH=\"x86_"
+      "64\"");
   EXPECT_EQ(release.version, "17.0.21");
   EXPECT_EQ(release.vendor, "Debian");
   EXPECT_EQ(release.machine, "x86_64");
@@ -37,7 +40,9 @@ std::string smallZip() {
   return local + entry + end;
 }
 
-TEST(ZipFile, CountsItsEntries) { EXPECT_EQ(zipEntries(smallZip()), 1); }
+TEST(ZipFile, CountsItsEntries) {
+  EXPECT_EQ(zipEntries(smallZip()), 1);
+}
 
 TEST(ZipFile, NoticesDamage) {
   const std::string whole = smallZip();
@@ -53,7 +58,8 @@ TEST(Probe, KnowsWhatWasBegunAndNotEnded) {
   const ProbeOutput output = parseProbe(
       "Picked up JAVA_TOOL_OPTIONS: -X\n"
       "kovctl-probe {\"begin\":\"java-start\",\"title\":\"Java start\"}\n"
-      "kovctl-probe {\"id\":\"java-start\",\"title\":\"Java start\",\"state\":\"ok\",\"found\":\"f\","
+      "kovctl-probe {\"id\":\"java-start\",\"title\":\"Java "
+      "start\",\"state\":\"ok\",\"found\":\"f\","
       "\"remedy\":\"\"}\n"
       "kovctl-probe {\"begin\":\"catalogue\",\"title\":\"Members\"}\n"
       "Error: out of memory");
@@ -82,7 +88,8 @@ TEST(HistoryTimes, KeepWhatIsNoDate) {
 TEST(CheckLevels, AreTheOnesThatDecide) {
   const std::vector<int> eighteen = checkLevels(18);
   ASSERT_EQ(eighteen.size(), 18U);
-  for (std::size_t i = 0; i < eighteen.size(); ++i) EXPECT_EQ(eighteen[i], static_cast<int>(15 * i));
+  for (std::size_t i = 0; i < eighteen.size(); ++i)
+    EXPECT_EQ(eighteen[i], static_cast<int>(15 * i));
   const std::vector<int> all = checkLevels(52);
   EXPECT_EQ(all.front(), 0);
   EXPECT_EQ(all[1], 5);

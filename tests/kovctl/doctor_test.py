@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The doctor finds what is broken, says how to mend it, and ends with 5."""
+import json
 import os
 import pathlib
 import shutil
@@ -8,7 +9,7 @@ import unittest
 import zipfile
 
 import schemas
-from harness import KOVCTL, KovctlTest
+from harness import CMAKE, KOVCTL, KovctlTest
 
 
 class Doctor(KovctlTest):
@@ -160,11 +161,8 @@ class WithoutLibraries(KovctlTest):
         super().setUp()
         build = pathlib.Path(KOVCTL).parent.parent
         self.tree = self.folder / "tree"
-        (self.tree / "bin").mkdir(parents=True)
-        (self.tree / "lib").mkdir()
-        shutil.copy(KOVCTL, self.tree / "bin/kovctl")
-        for name in ("libl5kov.so.1", "libkovctl-main.so"):
-            shutil.copy(build / "lib" / name, self.tree / "lib" / name)
+        subprocess.run([CMAKE, "--install", build, "--prefix", self.tree], check=True,
+                       stdout=subprocess.DEVNULL)
         for name in ("libmeter_x64.so", "libchroma_x64.so"):
             shutil.copy(os.environ["KOVCTL_SIMULATOR_DIR"] + "/" + name, self.tree / "lib" / name)
 
@@ -177,11 +175,18 @@ class WithoutLibraries(KovctlTest):
 
     def test_whole_tree_works(self):
         self.run_tree("list", code=0)
+        self.assertTrue((self.tree / "share/man/man1/kovctl.1").is_file())
+        self.assertEqual(len(list((self.tree / "share/l5kov/schema").iterdir())), 13)
+
+    def test_tree_that_was_moved(self):
+        moved = self.folder / "elsewhere" / "tree"
+        moved.parent.mkdir()
+        self.tree = self.tree.rename(moved)
+        self.run_tree("list", code=0)
 
     def test_measurement_library_missing(self):
         (self.tree / "lib/libmeter_x64.so").unlink()
         self.assertIn(b"libmeter_x64.so", self.run_tree("list", code=5).stderr)
-        import json
         document = schemas.check(json.loads(self.run_tree("doctor", "--json", code=5).stdout))
         checks = {check["id"]: check for check in document["checks"]}
         self.assertIn("libmeter_x64.so", checks["host-library"]["found"])
@@ -202,6 +207,7 @@ class WithoutLibraries(KovctlTest):
                 if "RUNPATH" in line or "RPATH" in line:
                     paths = line[line.index("[") + 1:line.index("]")].split(":")
                     self.assertTrue(all(path.startswith("$ORIGIN") for path in paths), line)
+                    self.assertNotIn("simulator", line)
 
 
 if __name__ == "__main__":

@@ -124,6 +124,16 @@ class KovctlTest(unittest.TestCase):
     def active_lut(self, monitor=COLOUR):
         return self.run_kovctl("show", "-m", monitor, "--json").json["activeLut"]
 
+    def read_until(self, process, part):
+        """Reads its output until that has come; gives what came."""
+        seen = b""
+        while part not in seen:
+            line = process.stdout.readline()
+            if not line:
+                self.fail(f"kovctl ended before {part}: {seen} {process.stderr.read()}")
+            seen += line
+        return seen
+
     def interrupt_after(self, process, event, number=signal.SIGINT):
         """Sends the signal once a line of JSON with that event has come; gives the result."""
         seen = b""

@@ -78,9 +78,7 @@ class Interrupt(KovctlTest):
 
     def test_several_times(self):
         process = self.calibrate()
-        seen = b""
-        while b'"patch":5' not in seen:
-            seen += process.stdout.readline()
+        seen = self.read_until(process, b'"patch":5')
         for _ in range(5):
             process.send_signal(signal.SIGINT)
             time.sleep(0.3)
@@ -91,9 +89,7 @@ class Interrupt(KovctlTest):
 
     def test_settles_for_ten_seconds(self):
         process = self.calibrate()
-        seen = b""
-        while b'"patch":5' not in seen:
-            seen += process.stdout.readline()
+        seen = self.read_until(process, b'"patch":5')
         start = time.monotonic()
         process.send_signal(signal.SIGTERM)
         result = self.finish(process)
@@ -111,9 +107,7 @@ class Interrupt(KovctlTest):
 
     def test_killed_run_is_put_back_later(self):
         process = self.calibrate()
-        seen = b""
-        while b'"patch":8' not in seen:
-            seen += process.stdout.readline()
+        seen = self.read_until(process, b'"patch":8')
         process.kill()
         self.finish(process)
         shown = self.run_kovctl("show", "-m", COLOUR)

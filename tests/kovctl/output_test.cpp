@@ -42,9 +42,10 @@ ProgressState someState() {
 }
 
 TEST(ProgressLine, HasBarCountLevelLuminanceAndEta) {
-  EXPECT_EQ(progressLine(someState(), 120),
-            "Calibrating OR-C321:30210045  [#####...............]  25 %  patch 12 of ~87  level 128  "
-            "52.35 cd/m²  ETA 1:30 min");
+  EXPECT_EQ(
+      progressLine(someState(), 120),
+      "Calibrating OR-C321:30210045  [#####...............]  25 %  patch 12 of ~87  level 128  "
+      "52.35 cd/m²  ETA 1:30 min");
 }
 
 TEST(ProgressLine, FitsNarrowTerminals) {

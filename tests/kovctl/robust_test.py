@@ -2,6 +2,7 @@
 """Closed streams, full disks, and readers that go away."""
 import os
 import pathlib
+import resource
 import subprocess
 import unittest
 
@@ -56,6 +57,46 @@ class Streams(KovctlTest):
     def test_unreadable_state_folder(self):
         self.environment["XDG_STATE_HOME"] = "/dev/null"
         self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+
+
+class OtherVoices(KovctlTest):
+    def test_what_java_prints_does_not_disturb_results(self):
+        self.environment["JAVA_TOOL_OPTIONS"] = "-Xlog:startuptime -XX:+PrintFlagsFinal"
+        result = self.run_kovctl("list", "--json")
+        self.assertEqual(len(schemas.check(result.json)["monitors"]), 4)
+        self.assertIn("MaxHeapSize", result.err)
+
+    def test_one_monitor_that_does_not_answer_hides_no_other(self):
+        self.faults({"call": "Monitor.getModel", "serial": "21500012", "nth": 0,
+                     "class": "java.io.IOException", "message": "Error sending data"})
+        result = self.run_kovctl("list", "--json", code=6)
+        self.assertEqual(len(schemas.check(result.json)["monitors"]), 3)
+        self.assertIn("warning: a monitor does not answer", result.err)
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+
+
+class SizeLimit(KovctlTest):
+    def test_report_beyond_the_largest_file_size(self):
+        """As on a full disk: the old report stays, whole."""
+        record = self.folder / "run.json"
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--record", record)
+        report = self.folder / "run.html"
+        report.write_text("the old one")
+        limit = lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (8192, 8192))
+        result = self.run_kovctl("report", record, code=8, preexec_fn=limit)
+        self.assertIn("File too large", result.err)
+        self.assertEqual(report.read_text(), "the old one")
+        self.assertEqual(sorted(path.name for path in self.folder.glob("run.*")),
+                         ["run.html", "run.json"])
+
+    def test_report_through_a_link(self):
+        record = self.folder / "run.json"
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--record", record)
+        (self.folder / "real.html").write_text("")
+        (self.folder / "link.html").symlink_to("real.html")
+        self.run_kovctl("report", record, "-o", self.folder / "link.html")
+        self.assertTrue((self.folder / "link.html").is_symlink())
+        self.assertIn("<html", (self.folder / "real.html").read_text(encoding="utf-8"))
 
 
 class FullDisk(KovctlTest):

@@ -32,7 +32,9 @@ TEST(Selection, TakesTheNumberOfTheList) {
   EXPECT_EQ(selectMonitor(kMonitors, "3"), 2U);
 }
 
-TEST(Selection, PrefersABeginningToANumber) { EXPECT_EQ(selectMonitor(kMonitors, "7"), 3U); }
+TEST(Selection, PrefersABeginningToANumber) {
+  EXPECT_EQ(selectMonitor(kMonitors, "7"), 3U);
+}
 
 TEST(Selection, PrefersAWholeNameToALongerOne) {
   const std::vector<MonitorName> alike{{"A", "10"}, {"A", "1"}};

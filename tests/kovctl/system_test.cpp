@@ -71,7 +71,8 @@ TEST(Subprocess, TalksAndEnds) {
 TEST(Subprocess, IsEndedThoughItDoesNotWantTo) {
   const auto start = std::chrono::steady_clock::now();
   {
-    sys::Subprocess stubborn({{"sh", "-c", "trap '' TERM; echo up; while :; do sleep 1; done"}, {}, false});
+    sys::Subprocess stubborn(
+        {{"sh", "-c", "trap '' TERM; echo up; while :; do sleep 1; done"}, {}, false});
     std::string text;
     while (text != "up\n") {
       ASSERT_EQ(stubborn.read(text, std::chrono::seconds(10)), sys::Subprocess::Read::kData);

@@ -55,8 +55,9 @@ TEST(TargetFile, KeepsAMeasuredBlackInEitherOrder) {
 }
 
 TEST(TargetFile, TakesACurve) {
-  EXPECT_EQ(parse(R"({"DisplayFunctionType": "USER_DEFINE", "curve": [0, 0.5, 1]})").target.userCurve,
-            (std::vector<double>{0.0, 0.5, 1.0}));
+  EXPECT_EQ(
+      parse(R"({"DisplayFunctionType": "USER_DEFINE", "curve": [0, 0.5, 1]})").target.userCurve,
+      (std::vector<double>{0.0, 0.5, 1.0}));
 }
 
 TEST(TargetFile, RefusesWhatNobodyMeans) {

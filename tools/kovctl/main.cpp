@@ -14,6 +14,7 @@ namespace {
 
 int runWithoutLibrary(const std::vector<std::string>& arguments, const std::string& reason) {
   using kovctl::sys::Stream;
+  kovctl::sys::prepareStandardStreams();
   if (std::find(arguments.begin(), arguments.end(), "doctor") != arguments.end()) {
     return kovctl::doctorWithoutLibrary(arguments, reason);
   }
@@ -25,7 +26,6 @@ int runWithoutLibrary(const std::vector<std::string>& arguments, const std::stri
 }  // namespace
 
 int main(int count, char** arguments) {
-  kovctl::sys::prepareStandardStreams();
   const std::vector<std::string> texts(arguments, arguments + count);
   try {
     const kovctl::sys::SharedLibrary library(kovctl::sys::mainLibraryName());

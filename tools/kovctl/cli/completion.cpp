@@ -127,9 +127,9 @@ std::string bashScript(CLI::App& program) {
   std::string commands;
   for (const CLI::App* command : commandsOf(program)) {
     const auto words = commandWords().find(command->get_name());
-    commands += fmt::format("    {}) words={} ;;\n", command->get_name(),
-                            quoted((words == commandWords().end() ? "" : words->second + " ") +
-                                   namesOf(*command)));
+    commands += fmt::format(
+        "    {}) words={} ;;\n", command->get_name(),
+        quoted((words == commandWords().end() ? "" : words->second + " ") + namesOf(*command)));
   }
   return fmt::format(R"(# bash completion for kovctl
 _kovctl() {{
@@ -167,9 +167,12 @@ std::string zshOptions(const CLI::App& app) {
   for (const OptionInfo& option : optionsOf(app)) {
     std::string value;
     const std::string words = wordsOf(option);
-    if (!words.empty()) value = ":value:(" + words + ")";
-    else if (option.takesFile) value = ":file:_files";
-    else if (option.takesValue) value = ":value: ";
+    if (!words.empty())
+      value = ":value:(" + words + ")";
+    else if (option.takesFile)
+      value = ":file:_files";
+    else if (option.takesValue)
+      value = ":value: ";
     for (const std::string& name : option.names) {
       text += " " + quoted(name + "[" + zshText(option.description) + "]" + value);
     }
@@ -214,9 +217,12 @@ std::string fishOption(const OptionInfo& option, const std::string& condition) {
     text += name[1] == '-' ? " -l " + name.substr(2) : " -s " + name.substr(1);
   }
   const std::string words = wordsOf(option);
-  if (!words.empty()) text += " -x -a " + quoted(words);
-  else if (option.takesFile) text += " -r -F";
-  else if (option.takesValue) text += " -x";
+  if (!words.empty())
+    text += " -x -a " + quoted(words);
+  else if (option.takesFile)
+    text += " -r -F";
+  else if (option.takesValue)
+    text += " -x";
   return text + " -d " + quoted(option.description) + "\n";
 }
 

@@ -8,12 +8,15 @@ namespace kovctl {
 namespace {
 
 void addGlobalOptions(CLI::App& program, Context& context) {
-  const auto json = program.add_flag("--json", context.json, "Print the result as one JSON document");
+  const auto json =
+      program.add_flag("--json", context.json, "Print the result as one JSON document");
   program.add_flag("--json-lines", context.jsonLines, "Print events and result as lines of JSON")
       ->excludes(json);
   const auto quiet = program.add_flag("-q,--quiet", context.quiet, "No progress and no notes");
-  program.add_flag("-v,--verbose", context.verbosity, "Say more; twice: even more")->excludes(quiet);
-  program.add_flag("--no-color", context.noColor, "No colours (as with NO_COLOR in the environment)");
+  program.add_flag("-v,--verbose", context.verbosity, "Say more; twice: even more")
+      ->excludes(quiet);
+  program.add_flag("--no-color", context.noColor,
+                   "No colours (as with NO_COLOR in the environment)");
   program.set_version_flag("--version", std::string("kovctl ") + kVersion);
   program.set_help_flag("-h,--help", "Print this help");
 }
@@ -38,7 +41,8 @@ std::unique_ptr<CLI::App> makeProgram(Context& context) {
   addCompletionCommand(*program, context);
   addPatchWindowCommand(*program, context);
   program->footer(
-      "Exit codes: 0 ok, 1 Java failure, 2 usage, 3 monitor, 4 outside limits, 5 plug-in or runtime,\n"
+      "Exit codes: 0 ok, 1 Java failure, 2 usage, 3 monitor, 4 outside limits, 5 plug-in or "
+      "runtime,\n"
       "6 communication, 7 instrument, 8 output, 130 canceled and restored, 131 restore failed.");
   return program;
 }

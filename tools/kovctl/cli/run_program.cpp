@@ -4,6 +4,7 @@
 #include "cli/program.h"
 #include "failure.h"
 #include "monitors/java_start.h"
+#include "system/interrupts.h"
 #include "system/streams.h"
 
 namespace kovctl {
@@ -39,6 +40,11 @@ ExitCode report(Context& context, const Failure& failure) {
 ExitCode runCommand(Context& context) try {
   return context.command();
 } catch (const Failure& failure) {
+  // An interrupt ends the wait for an instrument; once a monitor is changed, runs see to it
+  // themselves.
+  if (failure.code == ExitCode::kInstrument && sys::interruptCount() > 0) {
+    return report(context, Failure(ExitCode::kCanceled, "canceled before anything was changed"));
+  }
   return report(context, failure);
 } catch (const lumora::kov::java::JavaException& exception) {
   return report(context, Failure(exitCodeOf(exception), textOf(exception)));

@@ -12,7 +12,7 @@ namespace {
 using lumora::kov::KovCalibrationHisInfo;
 
 const char* functionName(int code) {
-  constexpr const char* kNames[] = {"DICOM",  "CIE L*", "gamma", "logarithmic-linear",
+  constexpr const char* kNames[] = {"DICOM",  "CIE L*", "gamma",       "logarithmic-linear",
                                     "linear", "native", "user-defined"};
   return code >= 0 && code < 7 ? kNames[code] : "unknown";
 }
@@ -51,10 +51,11 @@ std::vector<std::string> cellsOf(const KovCalibrationHisInfo& entry) {
 }
 
 Json trendJson(const Trend& trend) {
-  return {{"points", trend.points},
-          {"first", trend.first},
-          {"last", trend.last},
-          {"perThousandHours", trend.perThousandHours ? Json(*trend.perThousandHours) : Json(nullptr)}};
+  return {
+      {"points", trend.points},
+      {"first", trend.first},
+      {"last", trend.last},
+      {"perThousandHours", trend.perThousandHours ? Json(*trend.perThousandHours) : Json(nullptr)}};
 }
 
 void sayTrends(Context& context, const std::vector<KovCalibrationHisInfo>& entries, Json& all) {
@@ -75,9 +76,14 @@ ExitCode history(Context& context, const std::string& wanted, std::optional<int>
   std::stable_sort(entries.begin(), entries.end(), [](const auto& a, const auto& b) {
     return a.run.executeDate > b.run.executeDate;
   });
-  Table table({{"Date"}, {"LUT", Table::Align::kRight}, {"Function"},
-               {"cd/m²", Table::Align::kRight}, {"Hours", Table::Align::kRight},
-               {"Sensor", Table::Align::kRight}, {"Instrument"}, {"Performer"}});
+  Table table({{"Date"},
+               {"LUT", Table::Align::kRight},
+               {"Function"},
+               {"cd/m²", Table::Align::kRight},
+               {"Hours", Table::Align::kRight},
+               {"Sensor", Table::Align::kRight},
+               {"Instrument"},
+               {"Performer"}});
   Json list = Json::array();
   for (const auto& entry : entries) {
     table.add(cellsOf(entry));
@@ -107,7 +113,8 @@ void addHistoryCommand(CLI::App& program, Context& context) {
   const auto lut = std::make_shared<std::optional<int>>();
   addMonitorOption(*command, *wanted);
   command->add_option("--lut", *lut, "Only this look-up table, counted from 0")
-      ->type_name("N")->check(CLI::Range(0, 65534));
+      ->type_name("N")
+      ->check(CLI::Range(0, 65534));
   command->callback([&context, wanted, lut] {
     context.command = [&context, wanted, lut] { return history(context, *wanted, *lut); };
   });

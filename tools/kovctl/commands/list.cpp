@@ -21,18 +21,25 @@ Line lineOf(const lumora::Monitor& monitor, const MonitorName& name, std::size_t
   const auto hours = monitor.getUsageTime().workingHours;
   const unsigned mode = monitor.getCalModeValue();
   Line line;
-  line.json = {{"number", number},     {"name", name.text()},  {"model", name.model},
-               {"serial", name.serial}, {"colorType", color},  {"connection", connection},
+  line.json = {{"number", number},      {"name", name.text()},   {"model", name.model},
+               {"serial", name.serial}, {"colorType", color},    {"connection", connection},
                {"package", package},    {"workingHours", hours}, {"activeLut", mode}};
-  line.cells = {std::to_string(number), name.model, name.serial, color, connection, package,
-                std::to_string(hours), std::to_string(mode)};
+  line.cells = {
+      std::to_string(number), name.model,          name.serial, color, connection, package,
+      std::to_string(hours),  std::to_string(mode)};
   return line;
 }
 
 ExitCode list(Context& context) {
   const FoundMonitors found = findMonitors(context);
-  Table table({{"No", Table::Align::kRight}, {"Model"}, {"Serial"}, {"Type"}, {"Connection"},
-               {"Package"}, {"Hours", Table::Align::kRight}, {"LUT", Table::Align::kRight}});
+  Table table({{"No", Table::Align::kRight},
+               {"Model"},
+               {"Serial"},
+               {"Type"},
+               {"Connection"},
+               {"Package"},
+               {"Hours", Table::Align::kRight},
+               {"LUT", Table::Align::kRight}});
   Json monitors = Json::array();
   for (std::size_t i = 0; i < found.monitors.size(); ++i) {
     Line line = lineOf(found.monitors[i], found.names[i], i + 1);
@@ -47,7 +54,7 @@ ExitCode list(Context& context) {
   Json document = documentOf("list");
   document["monitors"] = monitors;
   context.out().document(document);
-  return ExitCode::kOk;
+  return found.silent;
 }
 
 }  // namespace

@@ -33,7 +33,9 @@ void addLockCommand(CLI::App& program, Context& context) {
   const auto wanted = std::make_shared<std::string>();
   const auto state = std::make_shared<std::string>();
   addMonitorOption(*command, *wanted);
-  command->add_option("STATE", *state, "on or off")->required()->check(CLI::IsMember({"on", "off"}));
+  command->add_option("STATE", *state, "on or off")
+      ->required()
+      ->check(CLI::IsMember({"on", "off"}));
   command->callback([&context, wanted, state] {
     context.command = [&context, wanted, state] { return lock(context, *wanted, *state == "on"); };
   });

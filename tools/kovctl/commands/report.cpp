@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
+#include "report/report.h"
 #include "commands/commands.h"
 #include "failure.h"
 #include "metrics/evaluation.h"
 #include "metrics/limits.h"
 #include "metrics/verdict.h"
 #include "record/run_record_json.h"
-#include "report/report.h"
 #include "run/run.h"
 #include "run/run_end.h"
 #include "run/run_files.h"
@@ -47,8 +47,8 @@ ExitCode drawReport(Context& context, const ReportOptions& options) {
     record.limitsProfile = options.limits == "none" ? "" : options.limits;
   }
   const std::string path = options.output.empty() ? besides(options.record) : options.output;
-  const auto earlier = options.earlier.empty() ? std::vector<HistoryPoint>{}
-                                               : earlierRuns(options.earlier, record);
+  const auto earlier =
+      options.earlier.empty() ? std::vector<HistoryPoint>{} : earlierRuns(options.earlier, record);
   try {
     sys::writeWhole(path, renderReport(record, earlier));
   } catch (const std::exception& reason) {

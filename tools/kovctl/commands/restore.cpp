@@ -43,13 +43,15 @@ ExitCode restore(Context& context, const std::string& wanted, std::optional<int>
 
 void addRestoreCommand(CLI::App& program, Context& context) {
   CLI::App* const command = program.add_subcommand(
-      "restore", "Activate a look-up table: the one given, else the one that was active before a "
-                 "run that was killed, else the active one again");
+      "restore",
+      "Activate a look-up table: the one given, else the one that was active before a "
+      "run that was killed, else the active one again");
   const auto wanted = std::make_shared<std::string>();
   const auto lut = std::make_shared<std::optional<int>>();
   addMonitorOption(*command, *wanted);
   command->add_option("--lut", *lut, "Look-up table, counted from 0")
-      ->type_name("N")->check(CLI::Range(0, 65534));
+      ->type_name("N")
+      ->check(CLI::Range(0, 65534));
   command->callback([&context, wanted, lut] {
     context.command = [&context, wanted, lut] { return restore(context, *wanted, *lut); };
   });

@@ -55,14 +55,16 @@ ExitCode show(Context& context, const std::string& wanted) {
   }));
   if (left) {
     context.out().warn(fmt::format(
-        "a run was killed while look-up table {} should be put back: see \"kovctl restore\"", *left));
+        "a run was killed while look-up table {} should be put back: see \"kovctl restore\"",
+        *left));
   }
   Json document = documentOf("show");
   document["number"] = chosen.number;
   document["model"] = info.model;
   document["serial"] = info.serial;
   document["package"] = info.package;
-  document["edid"] = {{"model", info.edid->model}, {"serial", info.edid->serial},
+  document["edid"] = {{"model", info.edid->model},
+                      {"serial", info.edid->serial},
                       {"year", info.edid->year.value_or(0)}};
   document["colorType"] = info.colorType;
   document["connection"] = info.connection;

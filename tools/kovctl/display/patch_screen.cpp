@@ -18,7 +18,8 @@ void check(const std::string& choice) {
   if (choice == "fullscreen") return;
   const std::size_t cross = choice.find('x');
   if (cross == std::string::npos) {
-    throw Failure(ExitCode::kUsage, "--display " + choice + ": fullscreen or WIDTHxHEIGHT is needed");
+    throw Failure(ExitCode::kUsage,
+                  "--display " + choice + ": fullscreen or WIDTHxHEIGHT is needed");
   }
   integerFlag("--display", choice.substr(0, cross), 16, 16384);
   integerFlag("--display", choice.substr(cross + 1), 16, 16384);
@@ -26,7 +27,9 @@ void check(const std::string& choice) {
 
 }  // namespace
 
-std::unique_ptr<PatchScreen> makeNoScreen() { return std::make_unique<NoScreen>(); }
+std::unique_ptr<PatchScreen> makeNoScreen() {
+  return std::make_unique<NoScreen>();
+}
 
 std::unique_ptr<PatchScreen> makePatchScreen(const ScreenOptions& options) {
   if (options.choice.empty()) return makeNoScreen();

@@ -20,8 +20,8 @@ class PatchScreen {
 };
 
 struct ScreenOptions {
-  std::string choice;  ///< empty: none; "fullscreen", or "WIDTHxHEIGHT" for a window
-  int display = 0;     ///< number of the display, from 0
+  std::string choice;          ///< empty: none; "fullscreen", or "WIDTHxHEIGHT" for a window
+  int display = 0;             ///< number of the display, from 0
   double settleSeconds = 0.3;  ///< from drawing to measuring
 };
 

@@ -14,7 +14,9 @@ namespace {
 
 using Color = std::array<int, 3>;
 
-void say(const std::string& line) { sys::write(sys::Stream::kOut, line + "\n"); }
+void say(const std::string& line) {
+  sys::write(sys::Stream::kOut, line + "\n");
+}
 
 bool complain(const char* what) {
   sys::write(sys::Stream::kErr, std::string(what) + ": " + SDL_GetError() + "\n");
@@ -63,9 +65,8 @@ class PatchWindow {
   bool draw() {
     SDL_Surface* const surface = SDL_GetWindowSurface(window);
     if (surface == nullptr) return complain("cannot draw the patch");
-    const Uint32 pixel =
-        SDL_MapRGB(surface->format, static_cast<Uint8>(color[0]), static_cast<Uint8>(color[1]),
-                   static_cast<Uint8>(color[2]));
+    const Uint32 pixel = SDL_MapRGB(surface->format, static_cast<Uint8>(color[0]),
+                                    static_cast<Uint8>(color[1]), static_cast<Uint8>(color[2]));
     if (SDL_FillRect(surface, nullptr, pixel) != 0 || SDL_UpdateWindowSurface(window) != 0) {
       return complain("cannot draw the patch");
     }

@@ -12,16 +12,22 @@ namespace {
 
 Console::Style styleOf(CheckState state) {
   switch (state) {
-    case CheckState::kOk: return Console::Style::kGood;
-    case CheckState::kWarn: return Console::Style::kDoubtful;
-    case CheckState::kFail: return Console::Style::kBad;
-    case CheckState::kSkip: return Console::Style::kPlain;
+    case CheckState::kOk:
+      return Console::Style::kGood;
+    case CheckState::kWarn:
+      return Console::Style::kDoubtful;
+    case CheckState::kFail:
+      return Console::Style::kBad;
+    case CheckState::kSkip:
+      return Console::Style::kPlain;
   }
   return Console::Style::kPlain;
 }
 
 Json jsonOf(const Check& check) {
-  Json json{{"id", check.id}, {"title", check.title}, {"state", nameOf(check.state)},
+  Json json{{"id", check.id},
+            {"title", check.title},
+            {"state", nameOf(check.state)},
             {"found", check.found}};
   if (!check.remedy.empty()) json["remedy"] = check.remedy;
   return json;
@@ -31,18 +37,23 @@ Json jsonOf(const Check& check) {
 
 const char* nameOf(CheckState state) {
   switch (state) {
-    case CheckState::kOk: return "ok";
-    case CheckState::kWarn: return "warn";
-    case CheckState::kFail: return "FAIL";
-    case CheckState::kSkip: return "skip";
+    case CheckState::kOk:
+      return "ok";
+    case CheckState::kWarn:
+      return "warn";
+    case CheckState::kFail:
+      return "FAIL";
+    case CheckState::kSkip:
+      return "skip";
   }
   return "skip";
 }
 
 void CheckList::add(const Check& check) {
   const std::string blanks(4 - std::string_view(nameOf(check.state)).size() + 2, ' ');
-  console.print(fmt::format("{}{}{:<26}  {}\n", console.styled(styleOf(check.state), nameOf(check.state)),
-                            blanks, check.title, check.found));
+  console.print(fmt::format("{}{}{:<26}  {}\n",
+                            console.styled(styleOf(check.state), nameOf(check.state)), blanks,
+                            check.title, check.found));
   if (!check.remedy.empty()) console.print(fmt::format("      {:<26}  → {}\n", "", check.remedy));
   Json event{{"event", "check"}};
   event.update(jsonOf(check));
@@ -69,9 +80,8 @@ void CheckList::skip(const std::string& id, const std::string& title, const std:
 }
 
 bool CheckList::has(const std::string& id, CheckState state) const {
-  return std::any_of(checks.begin(), checks.end(), [&](const Check& check) {
-    return check.id == id && check.state == state;
-  });
+  return std::any_of(checks.begin(), checks.end(),
+                     [&](const Check& check) { return check.id == id && check.state == state; });
 }
 
 ExitCode CheckList::finish() {
@@ -83,7 +93,8 @@ ExitCode CheckList::finish() {
     failures += check.state == CheckState::kFail ? 1 : 0;
     warnings += check.state == CheckState::kWarn ? 1 : 0;
   }
-  console.print(fmt::format("{} checks, {} failed, {} to look at\n", checks.size(), failures, warnings));
+  console.print(
+      fmt::format("{} checks, {} failed, {} to look at\n", checks.size(), failures, warnings));
   Json document = documentOf("doctor");
   document["failures"] = failures;
   document["warnings"] = warnings;

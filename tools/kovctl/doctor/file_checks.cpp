@@ -63,7 +63,8 @@ void checkLibrary(CheckList& list, const std::string& id, const std::string& tit
 }  // namespace
 
 void checkFolders(CheckList& list, const PluginLayout& layout) {
-  const std::string source = layout.applicationData + " (" + sys::commonApplicationDataSource() + ")";
+  const std::string source =
+      layout.applicationData + " (" + sys::commonApplicationDataSource() + ")";
   if (sys::isFolder(layout.applicationData)) {
     list.ok("application-data", "Application-data folder", source);
   } else {
@@ -122,8 +123,9 @@ void checkNameTable(CheckList& list, const PluginLayout& layout) {
   }
   tinyxml2::XMLDocument document;
   if (document.Parse(text->data(), text->size()) != tinyxml2::XML_SUCCESS) {
-    list.fail(kId, kTitle, "not well-formed, line " + std::to_string(document.ErrorLineNum()) + ": " +
-                               layout.nameTable,
+    list.fail(kId, kTitle,
+              "not well-formed, line " + std::to_string(document.ErrorLineNum()) + ": " +
+                  layout.nameTable,
               "mend the XML: the library reads a broken table as an empty one");
     return;
   }

@@ -96,7 +96,8 @@ Check callbackCheck() {
 
 Check monitorCheck(Context& context) {
   const FoundMonitors found = findMonitors(context);
-  Check check{"monitors", "Monitors", CheckState::kOk, fmt::format("{} found", found.names.size()), ""};
+  Check check{"monitors", "Monitors", CheckState::kOk, fmt::format("{} found", found.names.size()),
+              ""};
   if (found.names.empty()) {
     check.state = CheckState::kWarn;
     check.remedy = "look at cables, power and the USB connection";

@@ -39,8 +39,11 @@ void printProbeBegin(const std::string& id, const std::string& title) {
 }
 
 void printProbeResult(const Check& check) {
-  print({{"id", check.id}, {"title", check.title}, {"state", nameOf(check.state)},
-         {"found", check.found}, {"remedy", check.remedy}});
+  print({{"id", check.id},
+         {"title", check.title},
+         {"state", nameOf(check.state)},
+         {"found", check.found},
+         {"remedy", check.remedy}});
 }
 
 ProbeOutput parseProbe(std::string_view text) {

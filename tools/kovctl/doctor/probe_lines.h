@@ -10,8 +10,8 @@
 
 namespace kovctl {
 
-// The lines that the two kovctls talk in. Whatever else is printed, the Java runtime's own words for
-// instance, is kept apart.
+// The lines that the two kovctls talk in. Whatever else is printed, the Java runtime's own words
+// for instance, is kept apart.
 void printProbeBegin(const std::string& id, const std::string& title);
 void printProbeResult(const Check& check);
 

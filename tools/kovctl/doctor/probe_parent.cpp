@@ -23,7 +23,8 @@ Finished run(const std::string& what, const std::string& javaOptions) {
   if (!javaOptions.empty()) {
     const char* const before = std::getenv("JAVA_TOOL_OPTIONS");
     start.environment.emplace_back(
-        "JAVA_TOOL_OPTIONS", before == nullptr ? javaOptions : std::string(before) + " " + javaOptions);
+        "JAVA_TOOL_OPTIONS",
+        before == nullptr ? javaOptions : std::string(before) + " " + javaOptions);
   }
   sys::Subprocess process(start);
   process.closeInput();
@@ -40,8 +41,8 @@ Finished run(const std::string& what, const std::string& javaOptions) {
 }
 
 std::string endText(const Finished& result, const std::vector<std::string>& lines) {
-  std::string text = !result.status ? "did not end"
-                                    : "ended with " + std::to_string(*result.status);
+  std::string text =
+      !result.status ? "did not end" : "ended with " + std::to_string(*result.status);
   if (!lines.empty()) text += ": " + lines.front();
   return text;
 }
@@ -53,8 +54,7 @@ void checkJava(CheckList& list) {
   const ProbeOutput output = parseProbe(result.text);
   for (const Check& check : output.checks) list.add(check);
   if (!output.openId.empty()) {
-    list.fail(output.openId, output.openTitle,
-              "the process " + endText(result, output.otherLines),
+    list.fail(output.openId, output.openTitle, "the process " + endText(result, output.otherLines),
               "look at JAVA_TOOL_OPTIONS, memory and the Java runtime");
   } else if (output.checks.empty()) {
     list.fail("java-start", "Java start", "the process " + endText(result, output.otherLines),
@@ -71,8 +71,8 @@ void checkRoundTrip(CheckList& list) {
               std::to_string(complaints.size()) + " complaints: " + complaints.front(),
               "report it together with the versions of plug-ins and library");
   } else if (result.status != 0) {
-    list.fail("check-jni", "Round trip, -Xcheck:jni", "the process " + endText(result, output.otherLines),
-              "see the checks above");
+    list.fail("check-jni", "Round trip, -Xcheck:jni",
+              "the process " + endText(result, output.otherLines), "see the checks above");
   } else {
     list.ok("check-jni", "Round trip, -Xcheck:jni", "nothing to complain of");
   }

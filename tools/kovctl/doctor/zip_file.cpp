@@ -31,7 +31,8 @@ std::optional<int> zipEntries(std::string_view file) {
   std::size_t at = number(file, end + 16, 4);
   for (int i = 0; i < count; ++i) {
     if (at + kEntrySize > end || file.substr(at, kEntry.size()) != kEntry) return std::nullopt;
-    at += kEntrySize + number(file, at + 28, 2) + number(file, at + 30, 2) + number(file, at + 32, 2);
+    at +=
+        kEntrySize + number(file, at + 28, 2) + number(file, at + 30, 2) + number(file, at + 32, 2);
   }
   return at == end ? std::optional(count) : std::nullopt;
 }

@@ -8,8 +8,8 @@
 namespace kovctl {
 
 /// How many entries a zip file (a jar is one) lists; nothing when it is cut off or no zip file: its
-/// directory lies at the end (PKWARE's APPNOTE.TXT, 4.3.12 and 4.3.16), and every entry of it must be
-/// there.
+/// directory lies at the end (PKWARE's APPNOTE.TXT, 4.3.12 and 4.3.16), and every entry of it must
+/// be there.
 std::optional<int> zipEntries(std::string_view file);
 
 }  // namespace kovctl

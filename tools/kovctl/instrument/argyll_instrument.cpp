@@ -76,6 +76,8 @@ Reading ArgyllInstrument::measure() {
   return *reading;
 }
 
-void ArgyllInstrument::close() { spotread.reset(); }
+void ArgyllInstrument::close() {
+  spotread.reset();
+}
 
 }  // namespace kovctl

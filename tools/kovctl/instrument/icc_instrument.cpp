@@ -26,7 +26,9 @@ std::optional<std::array<double, 3>> parseIcclu(std::string_view line) {
   return result;
 }
 
-IccInstrument::~IccInstrument() { IccInstrument::close(); }
+IccInstrument::~IccInstrument() {
+  IccInstrument::close();
+}
 
 void IccInstrument::open(const std::string& monitorSerial) {
   icclu = std::make_unique<ToolProcess>(

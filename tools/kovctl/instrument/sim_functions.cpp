@@ -27,6 +27,8 @@ std::optional<SimFunctions> SimFunctions::load() try {
   return std::nullopt;
 }
 
-bool isSimulationLoaded() { return SimFunctions::load().has_value(); }
+bool isSimulationLoaded() {
+  return SimFunctions::load().has_value();
+}
 
 }  // namespace kovctl

@@ -12,7 +12,9 @@ constexpr const char* kSerial = "SIM-0001";
 
 }  // namespace
 
-SimInstrument::~SimInstrument() { SimInstrument::close(); }
+SimInstrument::~SimInstrument() {
+  SimInstrument::close();
+}
 
 void SimInstrument::open(const std::string& monitorSerial) {
   const auto found = SimFunctions::load();

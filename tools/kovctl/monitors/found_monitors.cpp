@@ -15,9 +15,14 @@ FoundMonitors findMonitors(Context& context) {
   auto& manager = lumora::kov::KovMonitorManager::get();
   manager.find();
   FoundMonitors found;
-  found.monitors = manager.getMonitors();
-  for (const lumora::Monitor& monitor : found.monitors) {
-    found.names.push_back({monitor.getModelName(), monitor.getSerialNumber()});
+  for (const lumora::Monitor& monitor : manager.getMonitors()) {
+    try {
+      found.names.push_back({monitor.getModelName(), monitor.getSerialNumber()});
+      found.monitors.push_back(monitor);
+    } catch (const lumora::kov::java::JavaException& exception) {
+      found.silent = exitCodeOf(exception);
+      context.out().warn("a monitor does not answer: " + textOf(exception));
+    }
   }
   context.out().detail(fmt::format("{} monitors found", found.names.size()));
   return found;

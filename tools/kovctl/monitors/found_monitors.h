@@ -13,13 +13,16 @@
 
 namespace kovctl {
 
-/// The attached monitors, by the library's search.
+/// The attached monitors that answer, by the library's search.
 struct FoundMonitors {
   std::vector<lumora::Monitor> monitors;
   std::vector<MonitorName> names;
+  /// kOk, or why one of the others did not answer.
+  ExitCode silent = ExitCode::kOk;
 };
 
-/// Starts Java where needed. @throws Failure(kRuntime) when it cannot be had, and JavaException
+/// Starts Java where needed. A monitor that does not say its name is warned of and left out.
+/// @throws Failure(kRuntime) when Java cannot be had, and JavaException
 FoundMonitors findMonitors(Context& context);
 
 struct ChosenMonitor {

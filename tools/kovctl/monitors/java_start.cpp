@@ -25,9 +25,7 @@ bool isCommunication(const std::string& className, const std::string& message) {
 
 }  // namespace
 
-void startJava() try {
-  lumora::kov::java::Env();
-} catch (const std::runtime_error&) {
+void startJava() try { lumora::kov::java::Env(); } catch (const std::runtime_error&) {
   throw Failure(ExitCode::kRuntime, whatIsMissing(), {"\"kovctl doctor\" finds out why."});
 }
 
@@ -48,10 +46,14 @@ ExitCode exitCodeOf(OmError error) {
 
 const char* nameOf(OmError error) {
   switch (error) {
-    case OM_OK: return "OM_OK";
-    case OM_ERR_JAVA: return "OM_ERR_JAVA";
-    case OM_ERR_CANCELED: return "OM_ERR_CANCELED";
-    case OM_ERR_COMMUNICATION: return "OM_ERR_COMMUNICATION";
+    case OM_OK:
+      return "OM_OK";
+    case OM_ERR_JAVA:
+      return "OM_ERR_JAVA";
+    case OM_ERR_CANCELED:
+      return "OM_ERR_CANCELED";
+    case OM_ERR_COMMUNICATION:
+      return "OM_ERR_COMMUNICATION";
   }
   return "OM_ERR_UNKNOWN";
 }

@@ -30,12 +30,14 @@ ModeResult activateMode(const lumora::Monitor& monitor, unsigned mode) try {
   if (now == mode) {
     return {true, fmt::format("look-up table {} is active, read back from the monitor", now)};
   }
-  return {false, fmt::format("look-up table {} should be active, but the monitor says {}", mode, now)};
+  return {false,
+          fmt::format("look-up table {} should be active, but the monitor says {}", mode, now)};
 } catch (const lumora::kov::java::JavaException& exception) {
-  return {false, fmt::format("look-up table {} could not be activated ({})", mode,
-                             textOf(exception))};
+  return {false,
+          fmt::format("look-up table {} could not be activated ({})", mode, textOf(exception))};
 } catch (const std::exception& exception) {
-  return {false, fmt::format("look-up table {} could not be activated ({})", mode, exception.what())};
+  return {false,
+          fmt::format("look-up table {} could not be activated ({})", mode, exception.what())};
 }
 
 ModeKeeper::ModeKeeper(const lumora::Monitor& watched, const MonitorName& name)
@@ -58,7 +60,9 @@ ModeResult ModeKeeper::restore() {
   return result;
 }
 
-void ModeKeeper::forget() { forget(monitorName); }
+void ModeKeeper::forget() {
+  forget(monitorName);
+}
 
 std::optional<unsigned> ModeKeeper::remembered(const MonitorName& name) {
   const auto text = sys::readWhole(fileOf(name));
@@ -69,6 +73,8 @@ std::optional<unsigned> ModeKeeper::remembered(const MonitorName& name) {
   return mode;
 }
 
-void ModeKeeper::forget(const MonitorName& name) { sys::removeFile(fileOf(name)); }
+void ModeKeeper::forget(const MonitorName& name) {
+  sys::removeFile(fileOf(name));
+}
 
 }  // namespace kovctl

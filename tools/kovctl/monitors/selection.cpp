@@ -15,7 +15,8 @@ namespace {
 std::vector<std::string> listed(const std::vector<MonitorName>& monitors,
                                 const std::vector<std::size_t>& chosen) {
   std::vector<std::string> lines;
-  for (const std::size_t i : chosen) lines.push_back(fmt::format("{}  {}", i + 1, monitors[i].text()));
+  for (const std::size_t i : chosen)
+    lines.push_back(fmt::format("{}  {}", i + 1, monitors[i].text()));
   return lines;
 }
 
@@ -50,7 +51,8 @@ std::size_t selectMonitor(const std::vector<MonitorName>& monitors, std::string_
   }
   const auto number = numberOf(wanted);
   if (number && *number >= 1 && *number <= monitors.size()) return *number - 1;
-  throw Failure(ExitCode::kMonitor, fmt::format("no monitor found for \"{}\"; attached are", wanted),
+  throw Failure(ExitCode::kMonitor,
+                fmt::format("no monitor found for \"{}\"; attached are", wanted),
                 listed(monitors, all(monitors)));
 }
 

@@ -41,16 +41,24 @@ void Console::detail(std::string_view line, int level) {
   if (options.verbosity >= level) raw(lineOf("", line));
 }
 
-void Console::warn(std::string_view line) { raw(lineOf("warning: ", line)); }
+void Console::warn(std::string_view line) {
+  raw(lineOf("warning: ", line));
+}
 
-void Console::error(std::string_view line) { raw(lineOf("kovctl: ", line)); }
+void Console::error(std::string_view line) {
+  raw(lineOf("kovctl: ", line));
+}
 
-void Console::raw(std::string_view text) { sys::write(sys::Stream::kErr, text); }
+void Console::raw(std::string_view text) {
+  sys::write(sys::Stream::kErr, text);
+}
 
 std::string Console::styled(Style style, std::string_view text) const {
   if (!options.color || style == Style::kPlain) return std::string(text);
-  const char* code = style == Style::kBold ? "1" : style == Style::kGood ? "32"
-                     : style == Style::kBad ? "31" : "33";
+  const char* code = style == Style::kBold   ? "1"
+                     : style == Style::kGood ? "32"
+                     : style == Style::kBad  ? "31"
+                                             : "33";
   return "\x1b[" + std::string(code) + "m" + std::string(text) + "\x1b[0m";
 }
 

@@ -26,7 +26,7 @@ std::string counter(const ProgressState& state) {
 }
 
 std::string remaining(const ProgressState& state) {
-  if (state.fraction < 0.02) return "";
+  if (state.fraction < 0.02 || state.fraction >= 1.0) return "";
   return "ETA " + durationText(state.secondsSpent * (1.0 - state.fraction) / state.fraction);
 }
 
@@ -103,8 +103,9 @@ void Progress::measured(const Reading& reading) {
   event["color"] = state.color;
   event["luminance"] = reading.luminance;
   console.event(event);
-  if (!terminal) console.detail("  " + counter(state) + "  " + state.color +
-                                fmt::format("  {:.4g} cd/m²", reading.luminance));
+  if (!terminal)
+    console.detail("  " + counter(state) + "  " + state.color +
+                   fmt::format("  {:.4g} cd/m²", reading.luminance));
   draw();
 }
 
@@ -114,15 +115,16 @@ void Progress::advance(double fraction) {
   state.secondsSpent = now() - start;
   // The library tells no number of patches, but what share of them is done.
   if (!exactTotal && state.fraction > 0.05 && state.patch > 0) {
-    state.patches = std::max(state.patch, static_cast<int>(std::lround(state.patch / state.fraction)));
+    state.patches =
+        std::max(state.patch, static_cast<int>(std::lround(state.patch / state.fraction)));
     state.isEstimate = state.fraction < 1.0;
   }
   console.event({{"event", "progress"}, {"phase", phase}, {"fraction", state.fraction}});
   const int tenths = static_cast<int>(std::floor(state.fraction * 10.0 + 1e-9));
   if (!terminal && tenths > tenthsShown) {
     const std::string eta = remaining(state);
-    console.note(fmt::format("  {} %  {}{}", tenths * 10, counter(state),
-                             eta.empty() || state.fraction >= 1.0 ? "" : "  " + eta));
+    console.note(
+        fmt::format("  {} %  {}{}", tenths * 10, counter(state), eta.empty() ? "" : "  " + eta));
     tenthsShown = tenths;
   }
   draw();

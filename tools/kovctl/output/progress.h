@@ -15,13 +15,13 @@ namespace kovctl {
 
 /// How far a run is.
 struct ProgressState {
-  std::string title;             ///< "Calibrating OR-C321"
-  int patch = 0;                 ///< counted from 1
-  std::optional<int> patches;    ///< how many there will be
-  bool isEstimate = false;       ///< `patches` follows from the fraction done
-  std::string color;             ///< "level 128", or components
+  std::string title;           ///< "Calibrating OR-C321"
+  int patch = 0;               ///< counted from 1
+  std::optional<int> patches;  ///< how many there will be
+  bool isEstimate = false;     ///< `patches` follows from the fraction done
+  std::string color;           ///< "level 128", or components
   std::optional<double> luminance;
-  double fraction = 0.0;         ///< 0 to 1
+  double fraction = 0.0;  ///< 0 to 1
   double secondsSpent = 0.0;
 };
 
@@ -31,9 +31,9 @@ std::string durationText(double seconds);
 /// One line for a terminal, never wider than `width`.
 std::string progressLine(const ProgressState& state, int width);
 
-/// Shows on standard error how far a run is: one line drawn again and again on a terminal, otherwise
-/// a line for every tenth (with -v: for every patch). Also sends the events of JSON lines. Any
-/// thread.
+/// Shows on standard error how far a run is: one line drawn again and again on a terminal,
+/// otherwise a line for every tenth (with -v: for every patch). Also sends the events of JSON
+/// lines. Any thread.
 class Progress {
  public:
   using Clock = std::function<double()>;  ///< seconds

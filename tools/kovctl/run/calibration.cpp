@@ -67,8 +67,7 @@ void Calibration::prepare() {
       libraryTarget(request), libraryCurve(request.target), pocketjson::Value(),
       request.target.ambient.value_or(0.0), false);
   if (error != OM_OK) {
-    throw Failure(exitCodeOf(error),
-                  "the target was not accepted: " + errorText(calibrator, error),
+    throw Failure(exitCodeOf(error), "the target was not accepted: " + errorText(calibrator, error),
                   {"Nothing was changed on the monitor."});
   }
 }
@@ -116,8 +115,8 @@ void Calibration::takeCalibrationData() try {
 void Calibration::activateResult() {
   const ModeResult active = activateMode(chosen.monitor, static_cast<unsigned>(lut));
   record.result.monitorState = active.restored ? MonitorState::kCalibrated : MonitorState::kUnknown;
-  record.result.monitorStateText =
-      fmt::format("calibrated: look-up table {} holds the new calibration; {}", lut, active.sentence);
+  record.result.monitorStateText = fmt::format(
+      "calibrated: look-up table {} holds the new calibration; {}", lut, active.sentence);
   event(active.sentence);
   if (active.restored) keeper.forget();
 }
@@ -133,7 +132,8 @@ ExitCode Calibration::checkResult() {
     event("check finished");
     return ExitCode::kOk;
   } catch (const Failure& reason) {
-    record.result.error = RunError{static_cast<int>(reason.code), nameOf(reason.code), reason.what()};
+    record.result.error =
+        RunError{static_cast<int>(reason.code), nameOf(reason.code), reason.what()};
     context.out().error(reason.what());
     return reason.code;
   }
@@ -179,6 +179,8 @@ void Calibration::event(const std::string& text) {
   context.out().event({{"event", "note"}, {"text", text}});
 }
 
-bool Calibration::isInterrupted() const { return sys::interruptCount() > 0; }
+bool Calibration::isInterrupted() const {
+  return sys::interruptCount() > 0;
+}
 
 }  // namespace kovctl

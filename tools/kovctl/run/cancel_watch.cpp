@@ -47,7 +47,8 @@ void CancelWatch::watch() {
     }
     if (calibrator.isCanceled()) {
       if (canceledAt == Clock::time_point{}) canceledAt = Clock::now();
-      const auto passed = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - canceledAt);
+      const auto passed =
+          std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - canceledAt);
       const int left = std::max(0, kSettlingSeconds - static_cast<int>(passed.count()));
       if (left < secondsShown) progress.countDown(kSettling, secondsShown = left);
     }

@@ -7,10 +7,12 @@ namespace kovctl {
 
 using lumora::kov::PatchRecord;
 
-MeasuringDelegate::MeasuringDelegate(MeasuringStation& measuringStation,
-                                     Progress& progressDisplay, const RunClock& runClock,
-                                     std::vector<PatchResult>& results)
-    : station(measuringStation), progressShown(progressDisplay), clock(runClock), patches(results) {}
+MeasuringDelegate::MeasuringDelegate(MeasuringStation& measuringStation, Progress& progressDisplay,
+                                     const RunClock& runClock, std::vector<PatchResult>& results)
+    : station(measuringStation),
+      progressShown(progressDisplay),
+      clock(runClock),
+      patches(results) {}
 
 // The reading that is due stays zero: the library reads nothing once it has been told to stop.
 void MeasuringDelegate::giveUp(const Failure& reason) {

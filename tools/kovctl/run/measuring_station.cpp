@@ -28,7 +28,9 @@ MeasuringStation::MeasuringStation(Context& context, InstrumentOptions instrumen
     screen->show(Patch::gray(128));
     context.out().raw("Put the instrument on the patch and press Enter. ");
     std::string line;
-    sys::readLine(line);
+    const auto isInterrupted = [] { return sys::interruptCount() > 0; };
+    sys::readLine(line, isInterrupted);
+    if (isInterrupted()) throw Failure(ExitCode::kInstrument, "canceled");
   }
 }
 

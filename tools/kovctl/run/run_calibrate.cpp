@@ -15,7 +15,8 @@ void checkLimits(const RunOptions& options) {
     names.push_back(std::string(profile.name) + "  " + std::string(profile.title));
   }
   names.push_back("none  nothing is judged");
-  throw Failure(ExitCode::kUsage, "no limits are called \"" + options.limits + "\"; there are", names);
+  throw Failure(ExitCode::kUsage, "no limits are called \"" + options.limits + "\"; there are",
+                names);
 }
 
 ExitCode calibrate(Context& context, const RunOptions& options) {

@@ -16,11 +16,22 @@ ExitCode judged(ExitCode code, const RunRecord& record, const Verdict& verdict) 
   return record.limitsProfile.empty() ? code : ExitCode::kOutsideLimits;
 }
 
+// What KovCalibrator::getCalibrationData() gave; a check of the monitor gives nothing.
+void sayCalibrationData(Console& console, const RunResult& result) {
+  if (result.photoSensor) {
+    console.note(fmt::format("Calibration data: backlight sensor {}", *result.photoSensor));
+  }
+  if (result.lmin) {
+    console.note(fmt::format("Calibration data: minimum luminance {:.3f} cd/m²", *result.lmin));
+  }
+}
+
 void sayResult(Context& context, const RunRecord& record, const Verdict& verdict) {
   Console& console = context.out();
   if (!record.patches.empty() && !record.limitsProfile.empty()) {
     console.print(verdictText(console, verdict));
   }
+  sayCalibrationData(console, record.result);
   for (const std::string& warning : record.warnings) console.warn(warning);
   if (record.simulated && console.isText()) console.note("This run was simulated.");
   const std::string sentence = "Monitor state: " + record.result.monitorStateText;

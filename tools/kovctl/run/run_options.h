@@ -23,8 +23,8 @@ struct RunOptions {
   int checkPoints = 52;  ///< 52, 18 or 0: what is measured once the table is loaded
   bool keepMode = false;
   bool dryRun = false;
-  std::string report;      ///< HTML file
-  std::string record;      ///< JSON file
+  std::string report;        ///< HTML file
+  std::string record;        ///< JSON file
   std::string reportFolder;  ///< both, named after monitor and time; earlier ones make the trend
 };
 

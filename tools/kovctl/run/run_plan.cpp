@@ -52,13 +52,17 @@ ExitCode dryRun(Context& context, const RunOptions& options) {
   Console& console = context.out();
   console.print("Target: " + describe(target) + "\n");
   if (target.useMeasuredLmin && curve) {
-    console.print(fmt::format("The curve is drawn for a black of {:g} cd/m²; the measured one "
-                              "takes its place.\n", black));
+    console.print(
+        fmt::format("The curve is drawn for a black of {:g} cd/m²; the measured one "
+                    "takes its place.\n",
+                    black));
   }
   if (curve) console.print(table.text());
-  console.print(fmt::format("Calibration measures: warm-up, black, white, primaries, {} gray levels "
-                            "{}\n", target.levels == 0 ? "the library's choice of" : std::to_string(target.levels),
-                            joined(gray)));
+  console.print(
+      fmt::format("Calibration measures: warm-up, black, white, primaries, {} gray levels "
+                  "{}\n",
+                  target.levels == 0 ? "the library's choice of" : std::to_string(target.levels),
+                  joined(gray)));
   console.print(fmt::format("Check measures {} gray levels {}\n", check.size(), joined(check)));
   console.print("Limits: " + options.limits + "\n");
 

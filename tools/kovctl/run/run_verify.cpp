@@ -42,7 +42,8 @@ ExitCode measure(Context& context, const RunOptions& options, const ChosenMonito
     context.out().error("the measurement was canceled");
     return ExitCode::kCanceled;
   } catch (const Failure& reason) {
-    record.result.error = RunError{static_cast<int>(reason.code), nameOf(reason.code), reason.what()};
+    record.result.error =
+        RunError{static_cast<int>(reason.code), nameOf(reason.code), reason.what()};
     context.out().error(reason.what());
     return reason.code;
   }
@@ -59,12 +60,13 @@ ExitCode verify(Context& context, const RunOptions& options) {
   if (isEmpty(options.target)) {
     const auto stored = storedTarget(chosen.monitor, lut);
     if (stored) request = *stored;
-    if (!stored) context.out().note("The monitor keeps no target for this table: DICOM is assumed.");
+    if (!stored)
+      context.out().note("The monitor keeps no target for this table: DICOM is assumed.");
   }
   sys::catchInterrupts();
   MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);
-  RunRecord record = startRecord(RunKind::kVerify, chosen, lut, request, options,
-                                 station.instrument().info());
+  RunRecord record =
+      startRecord(RunKind::kVerify, chosen, lut, request, options, station.instrument().info());
   const bool switched = keeper.mode() != static_cast<unsigned>(lut);
   ExitCode code = ExitCode::kOk;
   if (switched) {

@@ -6,13 +6,20 @@ namespace {
 
 std::optional<DisplayFunction> functionOf(int code) {
   switch (code) {
-    case 0: return DisplayFunction::kDicom;
-    case 1: return DisplayFunction::kCie;
-    case 2: return DisplayFunction::kExp;
-    case 3: return DisplayFunction::kLogLinear;
-    case 4: return DisplayFunction::kLinear;
-    case 5: return DisplayFunction::kNative;
-    default: return std::nullopt;  // a user-defined curve is not kept
+    case 0:
+      return DisplayFunction::kDicom;
+    case 1:
+      return DisplayFunction::kCie;
+    case 2:
+      return DisplayFunction::kExp;
+    case 3:
+      return DisplayFunction::kLogLinear;
+    case 4:
+      return DisplayFunction::kLinear;
+    case 5:
+      return DisplayFunction::kNative;
+    default:
+      return std::nullopt;  // a user-defined curve is not kept
   }
 }
 
@@ -24,8 +31,7 @@ bool isEmpty(const TargetFlags& flags) {
 }
 
 std::optional<TargetRequest> storedTarget(const lumora::Monitor& monitor, int lut) {
-  const pocketjson::Value stored =
-      monitor.getCalibrationTargetData(static_cast<unsigned>(lut));
+  const pocketjson::Value stored = monitor.getCalibrationTargetData(static_cast<unsigned>(lut));
   const auto function = functionOf(stored["displayFunction"].asInt(-1));
   if (!function || *function == DisplayFunction::kNative) return std::nullopt;
   TargetRequest request = defaultTarget();

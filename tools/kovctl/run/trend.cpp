@@ -11,8 +11,9 @@ namespace {
 
 std::string sparkLine(const std::vector<TrendPoint>& points) {
   constexpr const char* kBars[] = {"▁", "▂", "▃", "▄", "▅", "▆", "▇", "█"};
-  const auto [low, high] = std::minmax_element(
-      points.begin(), points.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
+  const auto [low, high] =
+      std::minmax_element(points.begin(), points.end(),
+                          [](const auto& a, const auto& b) { return a.second < b.second; });
   const double range = high->second - low->second;
   std::string line;
   for (const auto& [hours, value] : points) {

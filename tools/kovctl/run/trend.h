@@ -19,11 +19,12 @@ struct Trend {
   int points = 0;
   double first = 0.0;
   double last = 0.0;
-  std::optional<double> perThousandHours;  ///< slope of the best straight line; absent: no time passed
+  std::optional<double>
+      perThousandHours;  ///< slope of the best straight line; absent: no time passed
 };
 
-/// By look-up table, counted from 0, in the order of working hours; entries without a sensor reading
-/// are left out.
+/// By look-up table, counted from 0, in the order of working hours; entries without a sensor
+/// reading are left out.
 std::map<int, std::vector<TrendPoint>> sensorPoints(
     const std::vector<lumora::kov::KovCalibrationHisInfo>& entries);
 

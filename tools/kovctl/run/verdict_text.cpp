@@ -7,27 +7,36 @@ namespace {
 
 const char* nameOf(Outcome outcome) {
   switch (outcome) {
-    case Outcome::kPass: return "pass";
-    case Outcome::kFail: return "FAIL";
-    case Outcome::kNotApplicable: return "-";
+    case Outcome::kPass:
+      return "pass";
+    case Outcome::kFail:
+      return "FAIL";
+    case Outcome::kNotApplicable:
+      return "-";
   }
   return "-";
 }
 
 Console::Style styleOf(Outcome outcome) {
   switch (outcome) {
-    case Outcome::kPass: return Console::Style::kGood;
-    case Outcome::kFail: return Console::Style::kBad;
-    case Outcome::kNotApplicable: return Console::Style::kPlain;
+    case Outcome::kPass:
+      return Console::Style::kGood;
+    case Outcome::kFail:
+      return Console::Style::kBad;
+    case Outcome::kNotApplicable:
+      return Console::Style::kPlain;
   }
   return Console::Style::kPlain;
 }
 
 const char* jsonNameOf(Outcome outcome) {
   switch (outcome) {
-    case Outcome::kPass: return "pass";
-    case Outcome::kFail: return "fail";
-    case Outcome::kNotApplicable: return "not-applicable";
+    case Outcome::kPass:
+      return "pass";
+    case Outcome::kFail:
+      return "fail";
+    case Outcome::kNotApplicable:
+      return "not-applicable";
   }
   return "not-applicable";
 }
@@ -35,7 +44,9 @@ const char* jsonNameOf(Outcome outcome) {
 }  // namespace
 
 std::string verdictText(const Console& console, const Verdict& verdict) {
-  Table table({{"Criterion"}, {"Value", Table::Align::kRight}, {"Limit", Table::Align::kRight},
+  Table table({{"Criterion"},
+               {"Value", Table::Align::kRight},
+               {"Limit", Table::Align::kRight},
                {"Verdict"}});
   for (const Criterion& criterion : verdict.criteria) {
     if (!criterion.value && !criterion.limit) continue;

@@ -61,7 +61,8 @@ int integerFlag(const std::string& option, const std::string& text, int lowest, 
 Chromaticity chromaticityFlag(const std::string& option, const std::string& text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string::npos) {
-    throw Failure(ExitCode::kUsage, fmt::format("{} {}: K6500, x,y or off is needed", option, text));
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{} {}: K6500, x,y or off is needed", option, text));
   }
   const Chromaticity colour{numberFlag(option, text.substr(0, comma), 0.0, 1.0),
                             numberFlag(option, text.substr(comma + 1), 0.001, 1.0)};
@@ -75,10 +76,11 @@ DisplayFunction functionFlag(const std::string& text) {
   for (const FunctionName& name : kFunctions) {
     if (text == name.flag || text == nameOf(name.function)) return name.function;
   }
-  throw Failure(ExitCode::kUsage,
-                fmt::format("--function {}: dicom, cie, gamma:EXPONENT, loglinear, linear, native or "
-                            "user is needed",
-                            text));
+  throw Failure(
+      ExitCode::kUsage,
+      fmt::format("--function {}: dicom, cie, gamma:EXPONENT, loglinear, linear, native or "
+                  "user is needed",
+                  text));
 }
 
 std::string functionText(const TargetInfo& target) {

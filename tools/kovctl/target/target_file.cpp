@@ -28,9 +28,8 @@ class TargetFile {
 
  private:
   [[noreturn]] void refuse(const std::string& key, const std::string& wanted) const {
-    throw Failure(ExitCode::kUsage,
-                  name + ": " + (key.empty() ? "" : "\"" + key + "\" must be ") + wanted +
-                      (key.empty() ? " is needed" : ""));
+    throw Failure(ExitCode::kUsage, name + ": " + (key.empty() ? "" : "\"" + key + "\" must be ") +
+                                        wanted + (key.empty() ? " is needed" : ""));
   }
 
   double number(const std::string& key, const Json& value) const {
@@ -127,7 +126,8 @@ class TargetFile {
   void finishAmbient() {
     if (usesAmbient == false) request.target.ambient.reset();
     if (usesAmbient != false && ambient) request.target.ambient = *ambient;
-    if (usesAmbient == true && !ambient) refuse("ambientLight", "there where \"IsUsedLamb\" is true");
+    if (usesAmbient == true && !ambient)
+      refuse("ambientLight", "there where \"IsUsedLamb\" is true");
   }
 
   std::string name;

@@ -16,7 +16,9 @@ namespace {
 
 constexpr int kMostLevels = 256;
 
-[[noreturn]] void refuse(const std::string& what) { throw Failure(ExitCode::kUsage, what); }
+[[noreturn]] void refuse(const std::string& what) {
+  throw Failure(ExitCode::kUsage, what);
+}
 
 void setWhite(TargetInfo& target, const std::string& text) {
   target.white.reset();
@@ -67,7 +69,8 @@ void apply(const TargetFlags& flags, TargetRequest& request) {
 void check(const TargetInfo& target) {
   if (target.function == DisplayFunction::kNative) return;
   if (target.function == DisplayFunction::kExp && !target.exponent) {
-    refuse("a gamma function needs its exponent: --function gamma:2.2, or \"ExpValue\" in the file");
+    refuse(
+        "a gamma function needs its exponent: --function gamma:2.2, or \"ExpValue\" in the file");
   }
   if (target.function == DisplayFunction::kUserDefine && target.userCurve.empty()) {
     refuse("a user-defined function needs its \"curve\" in a target file");
@@ -106,7 +109,8 @@ TargetRequest makeTarget(const TargetFlags& flags) {
 std::string describe(const TargetInfo& target) {
   std::string text = functionText(target);
   text += fmt::format(", {:g} cd/m²", target.lmax);
-  text += target.useMeasuredLmin ? ", measured black" : fmt::format(" down to {:g} cd/m²", target.lmin);
+  text +=
+      target.useMeasuredLmin ? ", measured black" : fmt::format(" down to {:g} cd/m²", target.lmin);
   if (target.white) {
     text += fmt::format(", white {:.4f}/{:.4f}", target.white->x, target.white->y);
     if (target.whiteName != "CUSTOM") text += " (" + target.whiteName + ")";
