@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: MIT
+// The contract of platform.h on Windows.
+#include "platform/platform.h"
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <thread>
+
+#include "platform/windows/encoding.h"
+
+extern "C" __declspec(dllimport) BOOL NTAPI
+    RtlIsCriticalSectionLockedByThread(RTL_CRITICAL_SECTION* section);
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace lumora;
+
+class TemporaryFolder {
+ public:
+  TemporaryFolder()
+      : path(fs::temp_directory_path() /
+             (L"l5kov-platform-" + std::to_wstring(::GetCurrentProcessId()))) {
+    fs::create_directories(path);
+  }
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    fs::remove_all(path, ignored);
+  }
+  const fs::path path;
+};
+
+std::string utf8(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
+File open(const fs::path& path) {
+  return {platform::openFile(utf8(path)), &std::fclose};
+}
+
+// Whether the shell takes its folder from the variable, as tests/windows/wine.sh arranges it.
+bool shellFollows(const fs::path& folder) {
+  ::SetEnvironmentVariableW(L"L5KOV_COMMON_APPDATA", folder.c_str());
+  return platform::commonAppDataFolder() == utf8(folder);
+}
+
+TEST(WindowsFolder, IsTheShellsInUtf8) {
+  const TemporaryFolder folder;
+  if (!shellFollows(folder.path)) GTEST_SKIP() << "the shell's folder is fixed on this machine";
+  const fs::path accented = folder.path / L"Donn\u00e9es";
+  fs::create_directory(accented);
+  ASSERT_EQ(::GetACP(), 1252U);
+  ASSERT_TRUE(shellFollows(accented));
+  EXPECT_TRUE(
+      platform::commonAppDataFolder().ends_with("Donn\xc3\xa9"
+                                                "es"));
+}
+
+TEST(WindowsFolder, MissingGivesTheEmptyText) {
+  const TemporaryFolder folder;
+  if (!shellFollows(folder.path)) GTEST_SKIP() << "the shell's folder is fixed on this machine";
+  ::SetEnvironmentVariableW(L"L5KOV_COMMON_APPDATA", (folder.path / "missing").c_str());
+  EXPECT_EQ(platform::commonAppDataFolder(), "");
+}
+
+TEST(WindowsEncoding, TurnsTheCodePageIntoUtf8UpToTheFirstNul) {
+  using platform::windows::utf8FromCodePage;
+  EXPECT_EQ(utf8FromCodePage(1252,
+                             "C:\\Donn\xe9"
+                             "es"),
+            "C:\\Donn\xc3\xa9"
+            "es");
+  EXPECT_EQ(utf8FromCodePage(932, "\x83\x66\x81\x5b\x83\x5e"),
+            "\xe3\x83\x87\xe3\x83\xbc\xe3\x82\xbf");
+  EXPECT_EQ(utf8FromCodePage(1252, std::string("C:\\a\0b", 6)), "C:\\a");
+  EXPECT_EQ(utf8FromCodePage(1252, ""), "");
+}
+
+// What the code page does not know never becomes invalid UTF-8.
+TEST(WindowsEncoding, ReplacesWhatIsNotValid) {
+  using platform::windows::utf8FromCodePage;
+  using platform::windows::wideFromUtf8;
+  for (const char* text : {"C:\\\x81", "C:\\\x81\x20", "\xff\xfe", "a\x83"}) {
+    const std::string result = utf8FromCodePage(932, text);
+    EXPECT_FALSE(result.empty());
+    EXPECT_FALSE(wideFromUtf8(result).empty()) << text;
+  }
+  EXPECT_EQ(utf8FromCodePage(65001,
+                             "a\xff"
+                             "b"),
+            "a\xef\xbf\xbd"
+            "b");
+  EXPECT_TRUE(wideFromUtf8("a\xff").empty());
+}
+
+TEST(WindowsFile, IsOpenedByItsUtf16Path) {
+  const TemporaryFolder folder;
+  const fs::path file = folder.path / L"\u30c7\u30fc\u30bf \u00e9 \U0001d11e.xml";
+  std::ofstream(file, std::ios::binary) << "a\r\n\x1a"
+                                           "b";
+  const File opened = open(file);
+  ASSERT_NE(opened, nullptr);
+  char bytes[8] = {};
+  EXPECT_EQ(std::fread(bytes, 1, sizeof bytes, opened.get()), 5U) << "binary, beyond Ctrl-Z";
+  EXPECT_STREQ(bytes,
+               "a\r\n\x1a"
+               "b");
+}
+
+TEST(WindowsFile, GivesNullForWhatIsNoRegularFile) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(open(folder.path), nullptr);
+  EXPECT_EQ(open(folder.path / "missing"), nullptr);
+  EXPECT_EQ(platform::openFile("NUL"), nullptr);
+  EXPECT_EQ(platform::openFile("a\xff"), nullptr);
+  EXPECT_EQ(platform::openFile(""), nullptr);
+}
+
+TEST(WindowsFile, GivesNullForOneThatSomeoneElseHoldsAlone) {
+  const TemporaryFolder folder;
+  const fs::path file = folder.path / "held";
+  const HANDLE held =
+      ::CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  EXPECT_EQ(open(file), nullptr);
+  ::CloseHandle(held);
+  EXPECT_NE(open(file), nullptr);
+}
+
+TEST(WindowsFile, MayBeReplacedWhileItIsRead) {
+  const TemporaryFolder folder;
+  const fs::path file = folder.path / "table.xml";
+  std::ofstream(file) << "old";
+  const File opened = open(file);
+  EXPECT_TRUE(::DeleteFileW(file.c_str()));
+}
+
+TEST(WindowsRuntimeLibrary, IsLoadedByItsUtf16PathAndStays) {
+  const TemporaryFolder folder;
+  const fs::path library = folder.path / L"\u00e9\u30c7.dll";
+  fs::copy_file(L5KOV_SOME_DLL, library);
+  const platform::RuntimeLibrary loaded = platform::loadRuntimeLibrary(utf8(library));
+  ASSERT_NE(loaded, nullptr);
+  EXPECT_NE(platform::findExport(loaded, "JNI_CreateJavaVM"), nullptr);
+  EXPECT_EQ(platform::findExport(loaded, "JNI_NoSuchThing"), nullptr);
+  platform::freeRuntimeLibrary(loaded);
+  EXPECT_EQ(::GetModuleHandleW(library.c_str()), loaded) << "its threads may still run";
+  platform::freeRuntimeLibrary(nullptr);
+  EXPECT_EQ(platform::loadRuntimeLibrary(utf8(folder.path / "missing.dll")), nullptr);
+  EXPECT_EQ(platform::loadRuntimeLibrary("a\xff"), nullptr);
+}
+
+TEST(WindowsRuntimeOption, IsHandedOnUnchanged) {
+  EXPECT_EQ(platform::runtimeOption("-Dp=C:\\a;C:\\b;"), "-Dp=C:\\a;C:\\b;");
+}
+
+TEST(WindowsProcess, IsNotEndingWhileItRuns) {
+  EXPECT_FALSE(platform::processIsEnding());
+}
+
+int ends = 0;
+
+TEST(WindowsThread, EndIsToldOnceOnItsThread) {
+  static DWORD endedOn = 0;
+  DWORD thread = 0;
+  std::thread([&thread] {
+    thread = ::GetCurrentThreadId();
+    for (int i = 0; i < 2; ++i) {
+      platform::callAtThreadEnd([] {
+        ++ends;
+        endedOn = ::GetCurrentThreadId();
+      });
+    }
+  }).join();
+  EXPECT_EQ(ends, 1);
+  EXPECT_EQ(endedOn, thread);
+}
+
+// Java may be starting threads, which take the loader's lock. (The process environment block is
+// documented nowhere, but its LoaderLock has stood at 0x110 since 64-bit Windows.)
+TEST(WindowsThread, EndLeavesTheLoaderFree) {
+  static BOOL held = TRUE;
+  std::thread([] {
+    platform::callAtThreadEnd([] {
+      const auto* block = reinterpret_cast<const char*>(__readgsqword(0x60));
+      auto* lock = *reinterpret_cast<RTL_CRITICAL_SECTION* const*>(block + 0x110);
+      held = ::RtlIsCriticalSectionLockedByThread(lock);
+    });
+  }).join();
+  EXPECT_FALSE(held);
+}
+
+TEST(WindowsThread, SlotsBelongToTheThread) {
+  using platform::ThreadSlot;
+  int here = 0;
+  platform::setThreadSlot(ThreadSlot::kJavaEnv, &here);
+  std::thread([] { EXPECT_EQ(platform::threadSlot(ThreadSlot::kJavaEnv), nullptr); }).join();
+  ::SetLastError(1234);
+  EXPECT_EQ(platform::threadSlot(ThreadSlot::kJavaEnv), &here);
+  EXPECT_EQ(::GetLastError(), 1234U);
+  EXPECT_EQ(platform::threadSlot(ThreadSlot::kJniEnv), nullptr);
+}
+
+}  // namespace
