@@ -103,6 +103,8 @@ class KovctlTest(unittest.TestCase):
         options.setdefault("stdout", subprocess.PIPE)
         options.setdefault("stderr", subprocess.PIPE)
         options.setdefault("env", self.environment)
+        # Unbuffered: what readline() would read ahead, communicate() would not find.
+        options.setdefault("bufsize", 0)
         return subprocess.Popen([KOVCTL, *map(str, arguments)], **options)
 
     def finish(self, process):
