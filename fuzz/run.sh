@@ -2,21 +2,21 @@
 # SPDX-License-Identifier: MIT
 # Runs the fuzz targets of a folder, one after the other, and keeps what they say.
 #   fuzz/run.sh FOLDER [SECONDS] [TARGET...]
-# New inputs go to FOLDER/corpus; a crash is left in FOLDER as crash-... and fails the run.
+# New inputs go to FOLDER/corpus; a crash is left in FOLDER as TARGET-crash-... and fails the run.
 set -euo pipefail
 folder=$(realpath "$1"); seconds=${2:-60}; shift; shift || true
 here=$(cd "$(dirname "$0")" && pwd)
 targets=("$@")
 if [ ${#targets[@]} -eq 0 ]; then
-  for target in scalar_text value_program name_table paths target_object; do
-    [ -x "$folder/$target" ] && targets+=("$target")
-  done
+  for target in "$here"/corpus/*; do targets+=("$(basename "$target")"); done
 fi
 for target in "${targets[@]}"; do
   mkdir -p "$folder/corpus/$target"
   log=$folder/$target.log
-  (cd "$folder" && "./$target" -max_total_time="$seconds" -max_len=4096 -timeout=10 \
-    -rss_limit_mb=4096 -print_final_stats=1 -artifact_prefix="$folder/$target-" \
+  words=()
+  [ ! -e "$here/dictionaries/$target.dict" ] || words=("-dict=$here/dictionaries/$target.dict")
+  (cd "$folder" && "./$target" -max_total_time="$seconds" -max_len=4096 -timeout=20 \
+    -rss_limit_mb=4096 -print_final_stats=1 -artifact_prefix="$folder/$target-" "${words[@]}" \
     "corpus/$target" "$here/corpus/$target") >"$log" 2>&1 || {
     tail -40 "$log" >&2; echo "$target: failed" >&2; exit 1; }
   echo "$target: $(grep -o 'stat::number_of_executed_units:.*' "$log" | grep -o '[0-9]*$') inputs" \

@@ -29,6 +29,7 @@ TEST(Spotread, HasNoColourInTheDark) {
 TEST(Spotread, TakesNothingElseForAResult) {
   EXPECT_FALSE(parseSpotread("Spot read failed due to misread"));
   EXPECT_FALSE(parseSpotread("Result is XYZ: none"));
+  EXPECT_FALSE(parseSpotread("Result is XYZ: 95.0 100.0.108 8, D50 Lab"));
 }
 
 TEST(Icclu, ReadsALineOfThreeNumbers) {
@@ -37,6 +38,9 @@ TEST(Icclu, ReadsALineOfThreeNumbers) {
   EXPECT_FALSE(parseIcclu("icclu: Error - something"));
   EXPECT_FALSE(parseIcclu("0.4 0.2"));
   EXPECT_FALSE(parseIcclu("0.4 0.2 0.1 clipped"));
+  EXPECT_FALSE(parseIcclu("0.412383 0.21260.019324"));  // two numbers run together
+  EXPECT_FALSE(parseIcclu("0.4 0.2 nan"));
+  EXPECT_FALSE(parseIcclu("0.4 0.2 1e999"));
 }
 
 TEST(LastLine, IsTheLastOneWithText) {

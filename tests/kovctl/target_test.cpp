@@ -69,6 +69,7 @@ TEST(TargetFile, RefusesWhatNobodyMeans) {
   EXPECT_NE(refusal("{\"IsUsedLamb\": true}").find("ambientLight"), std::string::npos);
   EXPECT_NE(refusal("[1]").find("object"), std::string::npos);
   EXPECT_NE(refusal("{").find("not JSON"), std::string::npos);
+  EXPECT_NE(refusal(R"({"LmaxValue": 1e400})").find("target.json"), std::string::npos);
 }
 
 TargetRequest make(void (*set)(TargetFlags&)) {

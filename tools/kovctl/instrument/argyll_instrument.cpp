@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "instrument/argyll_instrument.h"
 
-#include <sstream>
-
 #include "failure.h"
+#include "instrument/number_text.h"
 
 namespace kovctl {
 namespace {
@@ -28,12 +27,10 @@ bool isStuck(std::string_view text) {
 std::optional<Reading> parseSpotread(std::string_view text) {
   const std::size_t at = text.find(kResult);
   if (at == std::string_view::npos) return std::nullopt;
-  std::istringstream numbers{std::string(text.substr(at + kResult.size()))};
-  numbers.imbue(std::locale::classic());
-  double x = 0.0;
-  double y = 0.0;
-  double z = 0.0;
-  if (!(numbers >> x >> y >> z)) return std::nullopt;
+  std::string_view rest = text.substr(at + kResult.size());
+  const auto numbers = takeThreeNumbers(rest);
+  if (!numbers) return std::nullopt;
+  const auto [x, y, z] = *numbers;
   Reading reading;
   reading.luminance = y;
   const double sum = x + y + z;

@@ -3,9 +3,8 @@
 
 #include <fmt/format.h>
 
-#include <sstream>
-
 #include "failure.h"
+#include "instrument/number_text.h"
 
 namespace kovctl {
 namespace {
@@ -15,14 +14,8 @@ constexpr std::uint32_t kUnknownDevice = 0;
 }  // namespace
 
 std::optional<std::array<double, 3>> parseIcclu(std::string_view line) {
-  std::istringstream numbers{std::string(line)};
-  numbers.imbue(std::locale::classic());
-  std::array<double, 3> result{};
-  for (double& number : result) {
-    if (!(numbers >> number)) return std::nullopt;
-  }
-  std::string rest;
-  if (numbers >> rest) return std::nullopt;
+  const auto result = takeThreeNumbers(line);
+  if (!result || line.find_first_not_of(kBlanks) != std::string_view::npos) return std::nullopt;
   return result;
 }
 

@@ -146,7 +146,7 @@ TargetRequest parseTargetFile(std::string_view text, const std::string& name, Ta
   Json file;
   try {
     file = Json::parse(text);
-  } catch (const Json::parse_error& error) {
+  } catch (const Json::exception& error) {  // no JSON, or a number that no double holds
     throw Failure(ExitCode::kUsage, name + ": not JSON: " + error.what());
   }
   return TargetFile(name, std::move(base)).take(file);
