@@ -96,7 +96,8 @@ unsigned char KovCalibrator::FinishCalibrationProc(JNIEnv* env, jobject, jobject
     KovCalibrator* calibrator = calibratorOf(handle);
     // First, so that a cancel() from now on no longer aborts.
     calibrator->flags.clearCalibrationActive();
-    calibrator->takeResults(resultList);
+    const auto reported = java::wrap<java::JList>(java::readyEnv(), resultList);
+    calibrator->appendResults(reported);
     // A calibrator without a delegate has nobody to tell; the others' checks end here, too.
     if (calibrator->delegate != nullptr) calibrator->delegate->notifyEvent(kFinishEvent);
     return JNI_TRUE;
@@ -104,9 +105,8 @@ unsigned char KovCalibrator::FinishCalibrationProc(JNIEnv* env, jobject, jobject
 }
 
 // Kept: results are appended and never cleared; the list's size is asked again after each.
-void KovCalibrator::takeResults(jobject list) {
+void KovCalibrator::appendResults(const java::JList& reported) {
   java::JavaEnv* thread = java::readyEnv();
-  const auto reported = java::wrap<java::JList>(thread, list);
   const auto kept = resultList->on(thread);
   std::int32_t size = reported.size();
   for (std::int32_t i = 0; i < size; ++i) {

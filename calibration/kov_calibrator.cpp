@@ -68,8 +68,7 @@ OmError KovCalibrator::execute() {
   try {
     const LocalFrame frame(LocalFrame::kMany);
     const Monitor monitor = KovMonitorManager::get().getMonitorByName(monitorName, monitorKey);
-    const JArrayList targets =
-        targetList(frame.thread(), calModeValue, targetValues->reference());
+    const JArrayList targets = targetList(frame.thread(), calModeValue, targetValues->reference());
     monitor.performCalibration(targets.reference(), useExternalSensors, graylevelCount,
                                measureBacklightResponse, calibrationText,
                                static_cast<long long>(reinterpret_cast<std::intptr_t>(this)));

@@ -15,11 +15,11 @@ struct Row {
 // Kept: the order. Where two codes share a device (163, 302), the later code answers for it; hence
 // the search from the end.
 constexpr Row kRows[] = {
-    {-1, 1003}, {11, 103}, {13, 116}, {12, 104}, {9, 10},   {6, 163},  {7, 163},    {8, 1000},
-    {3, 162},   {10, 1001}, {15, 302}, {16, 9},   {17, 301}, {18, 151}, {19, 152},   {20, 150},
-    {21, 8},    {22, 153}, {23, 302}, {24, 154}, {25, 19},  {1004, 161},
+    {-1, 1003}, {11, 103},  {13, 116}, {12, 104}, {9, 10},   {6, 163},    {7, 163},  {8, 1000},
+    {3, 162},   {10, 1001}, {15, 302}, {16, 9},   {17, 301}, {18, 151},   {19, 152}, {20, 150},
+    {21, 8},    {22, 153},  {23, 302}, {24, 154}, {25, 19},  {1004, 161},
 };
-constexpr std::int32_t kUnknownDevice = -2;
+constexpr std::int32_t kUnknownDevice = -2;  // Kept: not -1, which is a code
 
 }  // namespace
 

@@ -5,7 +5,8 @@
 #include <iostream>
 
 struct MyDelegate : lumora::kov::KovCalibratorDelegate {
-  void showColorPatch(lumora::kov::PatchRecord&) override { /* draw components 4, 5, 6 */ }
+  void showColorPatch(lumora::kov::PatchRecord&) override { /* draw components 4, 5, 6 */
+  }
   void measure(void*, lumora::kov::PatchRecord*, lumora::kov::PatchRecord* result) override {
     (*result)[8] = 100.0;  // luminance in cd/m²; 10 and 11: chromaticity x and y
   }

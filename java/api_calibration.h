@@ -96,9 +96,7 @@ class JApiExtractedCalibrationData : public JObject<JApiExtractedCalibrationData
   std::string getComputerName() const { return call<"getComputerName", std::string()>(); }
   std::string getExecuteDate() const { return call<"getExecuteDate", std::string()>(); }
   JDouble getHorizontalFrequency() const { return call<"getHorizontalFrequency", JDouble()>(); }
-  JInteger getHorizontalResolution() const {
-    return call<"getHorizontalResolution", JInteger()>();
-  }
+  JInteger getHorizontalResolution() const { return call<"getHorizontalResolution", JInteger()>(); }
   std::int32_t getLutNumber() const { return call<"getLutNumber", std::int32_t()>(); }
   std::string getMeasurementDeviceSerialNumber() const {
     return call<"getMeasurementDeviceSerialNumber", std::string()>();

@@ -9,6 +9,9 @@
 // the look-ups are part of what the Java runtime sees.
 namespace lumora::kov::java::catalogue {
 
+// A row a line.
+// clang-format off
+
 // ---- Java platform ----
 
 inline constexpr ClassTable kArrayList{"java/util/ArrayList", {
@@ -195,6 +198,8 @@ inline constexpr const char* kSearchStatusSignature =
 inline constexpr const char* kSearchStatusFields[] = {"FINISHED", "NONE", "RUNNING"};
 
 inline constexpr const char* kCallbackClass = "com/orva/kov/library/api/CallbackJniFunctions";
+
+// clang-format on
 
 }  // namespace lumora::kov::java::catalogue
 

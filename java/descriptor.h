@@ -84,7 +84,8 @@ struct Matcher<Result(Parameters...)> {
 template <class Function>
 consteval std::size_t rowOf(const auto& table, std::string_view name) {
   for (std::size_t i = 0; i < table.size(); ++i) {
-    if (table.members[i].name == name && descriptor::Matcher<Function>::fits(table.members[i].signature)) {
+    if (table.members[i].name == name &&
+        descriptor::Matcher<Function>::fits(table.members[i].signature)) {
       return i;
     }
   }

@@ -49,9 +49,9 @@ JApiCalibrationResultValues JApiCalibrationResultValues::create(JavaEnv* javaEnv
                                                                 double minLuminance,
                                                                 std::int32_t backlightSensorValue) {
   return wrap<JApiCalibrationResultValues>(
-      javaEnv, javaEnv->classes()
-                   .calibrationResultValues->construct<void(double, double, std::int32_t)>(
-                       maxLuminance, minLuminance, backlightSensorValue));
+      javaEnv,
+      javaEnv->classes().calibrationResultValues->construct<void(double, double, std::int32_t)>(
+          maxLuminance, minLuminance, backlightSensorValue));
 }
 
 JApiCalibrationTargetValues JApiCalibrationTargetValues::create(JavaEnv* javaEnv) {
@@ -63,8 +63,8 @@ JApiCalibrationTargetValues JApiCalibrationTargetValues::copyOf(
     JavaEnv* javaEnv, const JApiCalibrationTargetValues& other) {
   return wrap<JApiCalibrationTargetValues>(
       javaEnv,
-      javaEnv->classes()
-          .calibrationTargetValues->construct<void(JApiCalibrationTargetValues)>(other.reference()));
+      javaEnv->classes().calibrationTargetValues->construct<void(JApiCalibrationTargetValues)>(
+          other.reference()));
 }
 
 JApiMeasurementDeviceType JApiMeasurementDeviceType::create(JavaEnv* javaEnv) {

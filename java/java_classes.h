@@ -49,7 +49,9 @@ struct JavaClasses {
   static consteval std::size_t indexOf(const std::tuple<const Slots&...>*) {
     std::size_t index = 0;
     bool found = false;
-    (void)((found = std::is_same_v<W, typename Slots::value_type::WrapperType>, !found && ++index) && ...);
+    (void)((found = std::is_same_v<W, typename Slots::value_type::WrapperType>,
+            !found && ++index) &&
+           ...);
     return index;
   }
 };

@@ -20,8 +20,8 @@ void lookUpMembers(JNIEnv* env, jclass clazz, const Member* rows, const std::siz
 
 // A Java class and the identifiers of its bound members, resolved once per thread. T is the wrapper
 // that it serves. `clazz` is the local reference that FindClass gave, kept as it is: it belongs to
-// the frame in which the thread's first operation ran (the thread's base frame, unless a host called
-// from inside a native method of its own) and lives as long as that.
+// the frame in which the thread's first operation ran (the thread's base frame, unless a host
+// called from inside a native method of its own) and lives as long as that.
 template <class T, class MethodsT>
 class JClass {
  public:

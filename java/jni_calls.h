@@ -32,7 +32,7 @@ inline JNIEnv* attachedEnv(JavaVM* vm) {
   return vm->GetEnv(&env, JNI_VERSION_1_8) == JNI_OK ? static_cast<JNIEnv*>(env) : nullptr;
 }
 
-// ---- Plain: look-ups. Looking a member up on a null class ends the process, so it is skipped. ----
+// ---- Plain: look-ups. Looking a member up on a null class would end the process: skipped. ----
 
 inline jclass findClass(JNIEnv* env, const char* name) { return env->FindClass(name); }
 inline jmethodID methodId(JNIEnv* env, jclass clazz, const Member& member) {
@@ -54,7 +54,9 @@ inline jobject newGlobalRef(JNIEnv* env, jobject object) {
   return object == nullptr ? nullptr : env->NewGlobalRef(object);
 }
 inline void deleteGlobalRef(JNIEnv* env, jobject object) { env->DeleteGlobalRef(object); }
-inline bool pushLocalFrame(JNIEnv* env, jint capacity) { return env->PushLocalFrame(capacity) == 0; }
+inline bool pushLocalFrame(JNIEnv* env, jint capacity) {
+  return env->PushLocalFrame(capacity) == 0;
+}
 inline void popLocalFrame(JNIEnv* env) { env->PopLocalFrame(nullptr); }
 inline bool isSameObject(JNIEnv* env, jobject a, jobject b) {
   return env->IsSameObject(a, b) == JNI_TRUE;
@@ -84,7 +86,8 @@ inline jdoubleArray newDoubleArray(JNIEnv* env, const double* values, jsize coun
 // The characters of a Java text while they are held; chars() is null when memory ran out.
 class TextChars {
  public:
-  TextChars(JNIEnv* env, jstring text) : env(env), text(text), held(env->GetStringUTFChars(text, nullptr)) {}
+  TextChars(JNIEnv* env, jstring text)
+      : env(env), text(text), held(env->GetStringUTFChars(text, nullptr)) {}
   ~TextChars() {
     if (held != nullptr) env->ReleaseStringUTFChars(text, held);
   }
@@ -156,43 +159,54 @@ struct Target {
     if (id == nullptr) throwMissingMember(env, className, member);
     if (object == nullptr) throwNullTarget(env, className, member);
   }
+  jclass clazz() const { return static_cast<jclass>(object); }
 };
+
+// The check comes after the first step, so that a failed look-up's exception goes as any other.
+template <class Call>
+auto guarded(JNIEnv* env, const Target& at, Call call) {
+  return guarded(env, [&] {
+    at.check(env);
+    return call();
+  });
+}
 
 template <class... Arguments>
 void callVoid(JNIEnv* env, const Target& at, Arguments... arguments) {
-  guarded(env, [&] { at.check(env); env->CallVoidMethod(at.object, at.id, arguments...); });
+  guarded(env, at, [&] { env->CallVoidMethod(at.object, at.id, arguments...); });
 }
 template <class... Arguments>
 jobject callObject(JNIEnv* env, const Target& at, Arguments... arguments) {
-  return guarded(env, [&] { at.check(env); return env->CallObjectMethod(at.object, at.id, arguments...); });
+  return guarded(env, at, [&] { return env->CallObjectMethod(at.object, at.id, arguments...); });
 }
 // True exactly when the Java result is 1.
 template <class... Arguments>
 bool callBoolean(JNIEnv* env, const Target& at, Arguments... arguments) {
-  return guarded(env, [&] { at.check(env); return env->CallBooleanMethod(at.object, at.id, arguments...); }) == JNI_TRUE;
+  const auto call = [&] { return env->CallBooleanMethod(at.object, at.id, arguments...); };
+  return guarded(env, at, call) == JNI_TRUE;
 }
 template <class... Arguments>
 jint callInt(JNIEnv* env, const Target& at, Arguments... arguments) {
-  return guarded(env, [&] { at.check(env); return env->CallIntMethod(at.object, at.id, arguments...); });
+  return guarded(env, at, [&] { return env->CallIntMethod(at.object, at.id, arguments...); });
 }
 template <class... Arguments>
 jlong callLong(JNIEnv* env, const Target& at, Arguments... arguments) {
-  return guarded(env, [&] { at.check(env); return env->CallLongMethod(at.object, at.id, arguments...); });
+  return guarded(env, at, [&] { return env->CallLongMethod(at.object, at.id, arguments...); });
 }
 template <class... Arguments>
 jdouble callDouble(JNIEnv* env, const Target& at, Arguments... arguments) {
-  return guarded(env, [&] { at.check(env); return env->CallDoubleMethod(at.object, at.id, arguments...); });
+  return guarded(env, at, [&] { return env->CallDoubleMethod(at.object, at.id, arguments...); });
 }
 inline void callStaticVoid(JNIEnv* env, const Target& at) {
-  guarded(env, [&] { at.check(env); env->CallStaticVoidMethod(static_cast<jclass>(at.object), at.id); });
+  guarded(env, at, [&] { env->CallStaticVoidMethod(at.clazz(), at.id); });
 }
 inline jobject callStaticObject(JNIEnv* env, const Target& at) {
-  return guarded(env, [&] { at.check(env); return env->CallStaticObjectMethod(static_cast<jclass>(at.object), at.id); });
+  return guarded(env, at, [&] { return env->CallStaticObjectMethod(at.clazz(), at.id); });
 }
 // Guarded as a call is: without the first step a stale exception would pass for the constructor's.
 template <class... Arguments>
 jobject newObject(JNIEnv* env, const Target& at, Arguments... arguments) {
-  return guarded(env, [&] { at.check(env); return env->NewObject(static_cast<jclass>(at.object), at.id, arguments...); });
+  return guarded(env, at, [&] { return env->NewObject(at.clazz(), at.id, arguments...); });
 }
 
 }  // namespace lumora::kov::java::jni

@@ -65,11 +65,13 @@ class JObject {
   template <Name kName, class Signature, class... Arguments>
   auto call(Arguments&&... arguments) const {
     constexpr std::size_t row = rowOf<Signature>(Methods::table, kName.view());
-    const jni::Target target{object, methods.ids[Methods::table.slots[row]],
-                             Methods::table.name, Methods::table.members[row]};
+    const jni::Target target{object, methods.ids[Methods::table.slots[row]], Methods::table.name,
+                             Methods::table.members[row]};
     const std::tuple javaArguments{toJava(*env, std::forward<Arguments>(arguments))...};
     return std::apply(
-        [&](auto... values) { return dispatch(static_cast<Signature*>(nullptr), target, values...); },
+        [&](auto... values) {
+          return dispatch(static_cast<Signature*>(nullptr), target, values...);
+        },
         javaArguments);
   }
 

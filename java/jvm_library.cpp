@@ -31,8 +31,7 @@ JvmLibrary::JvmLibrary() {
   const std::string path = jvmLibraryPath(pluginsFolder());
   module = platform::loadRuntimeLibrary(requireUtf8(path));
   if (module == nullptr) return;  // shows when a virtual machine is wanted
-  createJavaVM =
-      reinterpret_cast<CreateJavaVM>(platform::findExport(module, "JNI_CreateJavaVM"));
+  createJavaVM = reinterpret_cast<CreateJavaVM>(platform::findExport(module, "JNI_CreateJavaVM"));
   getCreatedJavaVMs =
       reinterpret_cast<GetCreatedJavaVMs>(platform::findExport(module, "JNI_GetCreatedJavaVMs"));
 }

@@ -83,9 +83,7 @@ class JLongClass : public JClass<JNull, JLongMethods> {
 class JSystemClass : public JClass<JNull, JSystemMethods> {
  public:
   explicit JSystemClass(JavaEnv* owner) : JClass(owner) {}
-  void gc() const {
-    jni::callStaticVoid(*env, target<rowOf<void()>(Methods::table, "gc")>());
-  }
+  void gc() const { jni::callStaticVoid(*env, target<rowOf<void()>(Methods::table, "gc")>()); }
 };
 class JThrowableClass : public JClass<JNull, JThrowableMethods> {
  public:

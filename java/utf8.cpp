@@ -33,7 +33,8 @@ bool isUtf8(std::string_view text) {
   for (std::size_t i = 0; i < text.size();) {
     const Sequence sequence = sequenceOf(byte(i));
     if (sequence.length == 0 || text.size() - i < sequence.length) return false;
-    if (sequence.length > 1 && (byte(i + 1) < sequence.low || byte(i + 1) > sequence.high)) return false;
+    if (sequence.length > 1 && (byte(i + 1) < sequence.low || byte(i + 1) > sequence.high))
+      return false;
     for (std::size_t k = 2; k < sequence.length; ++k) {
       if ((byte(i + k) & 0xC0) != 0x80) return false;
     }

@@ -29,7 +29,7 @@ std::int32_t towardZero(double value) {
 void readTarget(const JApiExtractedCalibrationData& entry, KovCalibrationTargetInfo& info) {
   const JApiCalibrationTargetValues target = entry.getCalibrationTargetValues();
   info.deviceKind = entry.getMeasurementDeviceType().getName() == "None" ? 0 : 1;
-  info.calibrationKind = "STANDARD";
+  info.calibrationKind = "STANDARD";  // Kept: fixed, as reservedFlag and validFlag below are
   info.maxLuminance = target.getMaxLuminance();
   info.minLuminance = target.getMinLuminance();
   info.reservedFlag = false;

@@ -14,8 +14,8 @@ std::uint32_t MDGetDeviceID(void* device);
 const char* MDGetSerialNumber(void* device);
 
 /// libchroma_x64: chromaticity of a colour temperature. `in` is a record of 144 bytes, all zero but
-/// the temperature in kelvin (int32 at 96); the library writes x (binary64 at 80) and y (binary64 at
-/// 88) of `out`. How far `out` is written beyond that is the maker's own affair.
+/// the temperature in kelvin (int32 at 96); the library writes x (binary64 at 80) and y (binary64
+/// at 88) of `out`. How far `out` is written beyond that is the maker's own affair.
 int Colour_tmp2xy(void* out, const void* in);
 }
 

@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string_view>
 
-// Comparing short keys without calling out: most differ within their first eight bytes ("LmaxValue",
-// "LminValue", "IsUsedLamb", "IsUsedMeasurementLmin"), which compare as one number.
+// Comparing short keys without calling out: most differ within their first eight bytes
+// ("LmaxValue", "LminValue", "IsUsedLamb", "IsUsedMeasurementLmin"), which compare as one number.
 
 namespace pocketjson {
 

@@ -43,7 +43,9 @@ class MemberKey {
     if (isOutside()) delete[] place.outside;
   }
 
-  std::string_view text() const noexcept { return {isOutside() ? place.outside : place.inside, length}; }
+  std::string_view text() const noexcept {
+    return {isOutside() ? place.outside : place.inside, length};
+  }
 
  private:
   friend struct KeyLess;

@@ -25,9 +25,7 @@ char decimalPoint() noexcept {
 }
 
 // <charconv> rounds to nearest; the C functions follow the rounding mode that the host has set.
-bool roundsToNearest() noexcept {
-  return std::fegetround() == FE_TONEAREST;
-}
+bool roundsToNearest() noexcept { return std::fegetround() == FE_TONEAREST; }
 
 void printDouble(double number, std::string& text) {
   char space[kNumberSpace] = {};

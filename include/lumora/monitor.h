@@ -20,11 +20,12 @@ namespace lumora {
 ///
 /// Every operation asks the monitor anew; nothing is cached. Operations may be called on any thread
 /// (handles may be copied and destroyed on different threads), one at a time per monitor: there is
-/// no lock. Only abortCalibration() is for another thread while performCalibration() runs. Texts are
-/// UTF-8.
+/// no lock. Only abortCalibration() is for another thread while performCalibration() runs. Texts
+/// are UTF-8.
 ///
 /// Unless said otherwise every operation throws kov::java::JavaException when the Java library
-/// does, what kov::java::Env() throws, and std::logic_error after DeleteJavaVM() on the thread. A moved-from handle may only be assigned or destroyed.
+/// does, what kov::java::Env() throws, and std::logic_error after DeleteJavaVM() on the thread. A
+/// moved-from handle may only be assigned or destroyed.
 class L5KOV_API Monitor {
  public:
   /// Takes ownership of `control`; deletes it also when this constructor throws (std::bad_alloc).
@@ -52,8 +53,8 @@ class L5KOV_API Monitor {
 
   /// The target that look-up table `lutNumber` (the Java library's own number, which is one less
   /// than KovCalibrationHisInfo::lutNumber) was calibrated for: an object with "lmax", "lmin"
-  /// (cd/m²), "isColorValue", "colorX", "colorY", "lamb" (as stored), "useLminFlag", "exp" and the integer
-  /// "displayFunction" (codes as in kov::KovCalibrationTargetInfo). The null value when the
+  /// (cd/m²), "isColorValue", "colorX", "colorY", "lamb" (as stored), "useLminFlag", "exp" and the
+  /// integer "displayFunction" (codes as in kov::KovCalibrationTargetInfo). The null value when the
   /// monitor's history has no entry for the table.
   pocketjson::Value getCalibrationTargetData(unsigned int lutNumber) const;
 

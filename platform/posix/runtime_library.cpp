@@ -65,9 +65,7 @@ RuntimeLibrary loadRuntimeLibrary(const std::string& path) {
   return ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
 }
 
-void* findExport(RuntimeLibrary library, const char* name) {
-  return ::dlsym(library, name);
-}
+void* findExport(RuntimeLibrary library, const char* name) { return ::dlsym(library, name); }
 
 void freeRuntimeLibrary(RuntimeLibrary library) noexcept {
   if (library != nullptr) ::dlclose(library);

@@ -14,13 +14,9 @@ struct AtThreadEnd {
 
 }  // namespace
 
-void* threadSlot(ThreadSlot slot) noexcept {
-  return slots[static_cast<int>(slot)];
-}
+void* threadSlot(ThreadSlot slot) noexcept { return slots[static_cast<int>(slot)]; }
 
-void setThreadSlot(ThreadSlot slot, void* value) {
-  slots[static_cast<int>(slot)] = value;
-}
+void setThreadSlot(ThreadSlot slot, void* value) { slots[static_cast<int>(slot)] = value; }
 
 void callAtThreadEnd(void (*function)()) {
   thread_local const AtThreadEnd atEnd{function};

@@ -12,8 +12,6 @@ namespace lumora::platform {
 
 // From then on the virtual machine's threads are gone with whatever locks they held: a call into
 // Java would wait for ever.
-bool processIsEnding() noexcept {
-  return ::RtlDllShutdownInProgress() != FALSE;
-}
+bool processIsEnding() noexcept { return ::RtlDllShutdownInProgress() != FALSE; }
 
 }  // namespace lumora::platform

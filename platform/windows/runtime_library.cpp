@@ -42,8 +42,6 @@ void freeRuntimeLibrary(RuntimeLibrary library) noexcept {
 
 // Kept: UTF-8 as composed, with ";" after the last entry too. The virtual machine reads options in
 // the ANSI code page, so jars below a folder with other than ASCII characters are not found.
-std::string runtimeOption(const std::string& option) {
-  return option;
-}
+std::string runtimeOption(const std::string& option) { return option; }
 
 }  // namespace lumora::platform

@@ -5,8 +5,6 @@
 
 namespace lumora::platform {
 
-void sleepMilliseconds(unsigned milliseconds) {
-  ::Sleep(milliseconds);
-}
+void sleepMilliseconds(unsigned milliseconds) { ::Sleep(milliseconds); }
 
 }  // namespace lumora::platform

@@ -17,9 +17,7 @@ struct Instrument {
   simmeter::LoadedPanel panel;  ///< looked for at the first use that needs it
 };
 
-Instrument* instrumentOf(void* device) {
-  return static_cast<Instrument*>(device);
-}
+Instrument* instrumentOf(void* device) { return static_cast<Instrument*>(device); }
 
 int fromPanel(int code) {
   switch (code) {
@@ -67,9 +65,7 @@ void* MDSimOpen(std::uint32_t deviceId, const char* serialNumber, const char* mo
   }
 }
 
-void MDSimClose(void* device) {
-  delete instrumentOf(device);
-}
+void MDSimClose(void* device) { delete instrumentOf(device); }
 
 int MDSimShowPatch(void* device, double red, double green, double blue) {
   if (device == nullptr) {

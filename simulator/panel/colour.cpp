@@ -21,13 +21,9 @@ Xyz& Xyz::operator+=(const Xyz& other) {
   return *this;
 }
 
-Xyz Xyz::operator-(const Xyz& other) const {
-  return {X - other.X, Y - other.Y, Z - other.Z};
-}
+Xyz Xyz::operator-(const Xyz& other) const { return {X - other.X, Y - other.Y, Z - other.Z}; }
 
-Xyz Xyz::operator*(double factor) const {
-  return {X * factor, Y * factor, Z * factor};
-}
+Xyz Xyz::operator*(double factor) const { return {X * factor, Y * factor, Z * factor}; }
 
 bool isChromaticity(Chromaticity colour) {
   return colour.x > 0.0 && colour.y > 0.0 && colour.x + colour.y < 1.0;

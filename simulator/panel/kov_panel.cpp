@@ -46,9 +46,7 @@ int withPanel(const char* serial, Work work) {
   }
 }
 
-bool isTable(int table) {
-  return table >= 0 && table < KOVPANEL_TABLES;
-}
+bool isTable(int table) { return table >= 0 && table < KOVPANEL_TABLES; }
 
 void store(const Reading& reading, double out[3]) {
   out[0] = reading.luminance;

@@ -10,9 +10,7 @@ namespace {
 constexpr double kTwoPi = 6.283185307179586476925;
 
 /// A number in (0, 1) from the upper 53 bits; never 0, so that its logarithm exists.
-double unit(std::uint64_t bits) {
-  return (static_cast<double>(bits >> 11U) + 0.5) * 0x1.0p-53;
-}
+double unit(std::uint64_t bits) { return (static_cast<double>(bits >> 11U) + 0.5) * 0x1.0p-53; }
 
 }  // namespace
 

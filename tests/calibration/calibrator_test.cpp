@@ -115,13 +115,9 @@ TEST_F(Calibrator, ExecuteAsksInThisOrder) {
                     1024));
 }
 
-TEST_F(Calibrator, ModeZeroPassesExactlyTheTarget) {
-  EXPECT_EQ(targetsOf(0), "T");
-}
+TEST_F(Calibrator, ModeZeroPassesExactlyTheTarget) { EXPECT_EQ(targetsOf(0), "T"); }
 
-TEST_F(Calibrator, ModeThreePassesThreeNullsAndTheTarget) {
-  EXPECT_EQ(targetsOf(3), "---T");
-}
+TEST_F(Calibrator, ModeThreePassesThreeNullsAndTheTarget) { EXPECT_EQ(targetsOf(3), "---T"); }
 
 TEST_F(Calibrator, NegativeModePassesAnEmptyList) {
   EXPECT_EQ(targetsOf(-1), "");

@@ -54,9 +54,7 @@ TEST_F(CalibrationErrors, ShorterOrEmptyOrNullMessagesAreJavaErrors) {
   EXPECT_EQ(codeOf(kIo, std::nullopt), OM_ERR_JAVA);
 }
 
-TEST_F(CalibrationErrors, NewCalibratorHasNoMessage) {
-  EXPECT_EQ(calibrator().getErrorMsg(), "");
-}
+TEST_F(CalibrationErrors, NewCalibratorHasNoMessage) { EXPECT_EQ(calibrator().getErrorMsg(), ""); }
 
 TEST_F(CalibrationErrors, MessageIsKeptUntilTheNextJavaFailureAndNothingClearsIt) {
   KovCalibrator made = calibrator();

@@ -164,12 +164,8 @@ TEST(JavaExceptionFromEachCallOfTheCalibrator, SetCalibrationTargetWithACurve) {
 TEST(JavaExceptionFromEachCallOfTheCalibrator, Execute) {
   expectJavaErrorFromEachCall<Execute>(13);
 }
-TEST(JavaExceptionFromEachCallOfTheCalibrator, Cancel) {
-  expectJavaErrorFromEachCall<CancelIt>(3);
-}
-TEST(JavaExceptionFromEachCallOfTheCalibrator, Restore) {
-  expectJavaErrorFromEachCall<Restore>(5);
-}
+TEST(JavaExceptionFromEachCallOfTheCalibrator, Cancel) { expectJavaErrorFromEachCall<CancelIt>(3); }
+TEST(JavaExceptionFromEachCallOfTheCalibrator, Restore) { expectJavaErrorFromEachCall<Restore>(5); }
 TEST(JavaExceptionFromEachCallOfTheCalibrator, GetCalibrationData) {
   int partly = 0;
   const int struck = FaultSweep<Data>::everyJavaCallThrows(

@@ -34,6 +34,17 @@ TEST_F(FinishCallback, TakesTheResultsInThisOrder) {
   EXPECT_EQ(delegate.events, std::vector<std::string>{"FinishCalibration"});
 }
 
+TEST_F(FinishCallback, NotifiesBeforeTheListIsReleased) {
+  KovCalibrator made = calibrator();
+  bool released = true;
+  delegate.onEvent = [&](const std::string&) {
+    released = jvm.log.contains("DeleteGlobalRef results");
+  };
+  run(made, [&](CalibrationRun& run) { run.finish(fakejvm::makeList({}, "results")); });
+  EXPECT_FALSE(released);
+  EXPECT_EQ(std::count(logInside.begin(), logInside.end(), "DeleteGlobalRef results"), 1);
+}
+
 TEST_F(FinishCallback, ReadsTheSizeAgainAfterEveryElement) {
   KovCalibrator made = calibrator(2);
   const auto results = fakejvm::makeList({world.result("a", 0, 0, 1)}, "results");

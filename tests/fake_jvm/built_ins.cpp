@@ -23,18 +23,14 @@ Value listAdd(Call& call) {
   return true;
 }
 
-Value listSize(Call& call) {
-  return static_cast<int32_t>(call.self->elements().size());
-}
+Value listSize(Call& call) { return static_cast<int32_t>(call.self->elements().size()); }
 
 // Boxes keep their number in the field "value".
 Value box(Call& call) {
   call.self->setField("value", call.args.at(0));
   return {};
 }
-Value unbox(Call& call) {
-  return call.self->field("value");
-}
+Value unbox(Call& call) { return call.self->field("value"); }
 
 Value classOf(Call& call) {
   // getClass: the class object is the runtime's own, made by name.

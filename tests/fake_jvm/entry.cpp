@@ -115,9 +115,7 @@ bool Entry::fails(const char* error, const std::string& message) {
   return true;
 }
 
-bool Entry::failsQuietly() {
-  return takeFault(Fault::Kind::kNullResult).has_value();
-}
+bool Entry::failsQuietly() { return takeFault(Fault::Kind::kNullResult).has_value(); }
 
 bool Entry::failsAsCall(bool isVoid) {
   if (const auto fault = takeFault(Fault::Kind::kException)) {

@@ -36,9 +36,7 @@ inline Handler throws(std::string className, std::optional<std::string> message 
     throw JavaThrow(className, message);
   };
 }
-inline Handler nothing() {
-  return returns(Value());
-}
+inline Handler nothing() { return returns(Value()); }
 
 // How a call is made to fail, whatever is scripted for it.
 struct Fault {

@@ -7,9 +7,7 @@
 namespace fakejvm {
 namespace {
 
-bool isReference(char type) {
-  return type == 'L' || type == '[';
-}
+bool isReference(char type) { return type == 'L' || type == '['; }
 
 bool sameKind(char wanted, char found) {
   return wanted == found || (wanted == 'L' && found == '[');

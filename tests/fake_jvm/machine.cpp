@@ -13,9 +13,7 @@ Machine& Machine::get() {
   return *machine;
 }
 
-Machine::Machine() {
-  vm.functions = &invocationTable();
-}
+Machine::Machine() { vm.functions = &invocationTable(); }
 
 int Machine::threadNumber() {
   static std::atomic<int> last{0};

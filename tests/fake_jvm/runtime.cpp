@@ -215,6 +215,4 @@ Runtime& runtimeInstance() {
 
 }  // namespace fakejvm
 
-extern "C" JNIEXPORT fakejvm::Runtime* fakejvm_runtime() {
-  return &fakejvm::runtimeInstance();
-}
+extern "C" JNIEXPORT fakejvm::Runtime* fakejvm_runtime() { return &fakejvm::runtimeInstance(); }

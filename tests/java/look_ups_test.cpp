@@ -22,9 +22,7 @@ using lumora::kov::java::JavaException;
 
 constexpr std::size_t kStartUpCalls = 2;  // search and create, or search and attach
 
-Lines withoutStartUp(const Lines& lines) {
-  return {lines.begin() + kStartUpCalls, lines.end()};
-}
+Lines withoutStartUp(const Lines& lines) { return {lines.begin() + kStartUpCalls, lines.end()}; }
 
 int countPrefix(const Lines& lines, const std::string& prefix) {
   return static_cast<int>(std::count_if(lines.begin(), lines.end(), [&](const std::string& line) {

@@ -58,9 +58,7 @@ inline int countOf(FakeJvm& jvm, const std::string& line) {
   for (const std::string& text : allLines(jvm)) count += text == line ? 1 : 0;
   return count;
 }
-inline int createdJavaVms(FakeJvm& jvm) {
-  return countOf(jvm, "JNI_CreateJavaVM");
-}
+inline int createdJavaVms(FakeJvm& jvm) { return countOf(jvm, "JNI_CreateJavaVM"); }
 
 }  // namespace kovtest
 

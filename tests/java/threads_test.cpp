@@ -163,8 +163,8 @@ TEST(Threads, HandlesMayBeCopiedAndReleasedOnManyThreadsAtOnce) {
 }
 
 // Thread-local objects are destroyed in the reverse order of their construction.
-// mingw gives a thread's thread_local memory back before it destroys what lies there, so a program of
-// its making cannot have such objects.
+// mingw gives a thread's thread_local memory back before it destroys what lies there, so a program
+// of its making cannot have such objects.
 #ifndef __MINGW32__
 // A thread's log from outside, in the order in which threads first appeared.
 Lines linesOfThread(FakeJvm& jvm, int number) {

@@ -34,12 +34,8 @@ std::string WrapperRow::testName() const {
   return name;
 }
 
-std::string shown(const std::string& text) {
-  return text;
-}
-std::string shown(std::int32_t value) {
-  return std::to_string(value);
-}
+std::string shown(const std::string& text) { return text; }
+std::string shown(std::int32_t value) { return std::to_string(value); }
 std::string shown(double value) {
   std::string text = std::to_string(value);
   return text.substr(0, text.find_last_not_of('0') + 1);
@@ -49,9 +45,7 @@ std::string shown(jobject reference) {
   return object == nullptr ? "null" : object->name();
 }
 
-Lines guarded(const std::string& call) {
-  return {"ExceptionClear", call, "ExceptionOccurred"};
-}
+Lines guarded(const std::string& call) { return {"ExceptionClear", call, "ExceptionOccurred"}; }
 
 Lines operator+(Lines first, const Lines& second) {
   first.insert(first.end(), second.begin(), second.end());

@@ -42,9 +42,7 @@ struct WrapperRow {
   // "List_size", with a number where the class has several members of that name.
   std::string testName() const;
 };
-inline void PrintTo(const WrapperRow& row, std::ostream* out) {
-  *out << row.testName();
-}
+inline void PrintTo(const WrapperRow& row, std::ostream* out) { *out << row.testName(); }
 
 // All of them, and their parts.
 std::vector<WrapperRow> wrapperRows();
@@ -57,12 +55,8 @@ std::vector<WrapperRow> historyRows();
 std::string simpleName(std::string_view className);
 
 std::string shown(const std::string& text);
-inline std::string shown(const char* text) {
-  return text;
-}
-inline std::string shown(bool value) {
-  return value ? "true" : "false";
-}
+inline std::string shown(const char* text) { return text; }
+inline std::string shown(bool value) { return value ? "true" : "false"; }
 std::string shown(std::int32_t value);
 std::string shown(double value);
 std::string shown(jobject reference);

@@ -14,12 +14,8 @@ thread_local std::size_t failFrom = kNever;
 
 namespace kovtest {
 
-FailingNew::FailingNew(std::size_t fromBytes) {
-  failFrom = fromBytes;
-}
-FailingNew::~FailingNew() {
-  failFrom = kNever;
-}
+FailingNew::FailingNew(std::size_t fromBytes) { failFrom = fromBytes; }
+FailingNew::~FailingNew() { failFrom = kNever; }
 
 }  // namespace kovtest
 
@@ -28,18 +24,8 @@ void* operator new(std::size_t size) {
   if (memory == nullptr) throw std::bad_alloc();
   return memory;
 }
-void* operator new[](std::size_t size) {
-  return ::operator new(size);
-}
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory) noexcept {
-  std::free(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  std::free(memory);
-}
+void* operator new[](std::size_t size) { return ::operator new(size); }
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+void operator delete[](void* memory) noexcept { std::free(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { std::free(memory); }

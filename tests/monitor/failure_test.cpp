@@ -31,9 +31,7 @@ std::string outcomeOf(const std::function<void()>& operation) {
   return "nothing";
 }
 
-Monitor lookUp() {
-  return KovMonitorManager::get().getMonitorByName("L5-X240", "SN0001");
-}
+Monitor lookUp() { return KovMonitorManager::get().getMonitorByName("L5-X240", "SN0001"); }
 
 void fill(KovWorld& world) {
   const MonitorObjects objects = world.addMonitor();
@@ -100,70 +98,28 @@ void expectEveryNullToBeSurvived() {
   EXPECT_GT(failures, 0);
 }
 
-void getModelName(const Monitor& m) {
-  m.getModelName();
-}
-void getSerialNumber(const Monitor& m) {
-  m.getSerialNumber();
-}
-void getPackageName(const Monitor& m) {
-  m.getPackageName();
-}
-void getEdidModelName(const Monitor& m) {
-  m.getEdidModelName();
-}
-void getEdidSerialNumber(const Monitor& m) {
-  m.getEdidSerialNumber();
-}
-void getEdidProductYear(const Monitor& m) {
-  m.getEdidProductYear();
-}
-void getConnectionType(const Monitor& m) {
-  m.getConnectionType();
-}
-void getCalibrationTargetData(const Monitor& m) {
-  m.getCalibrationTargetData(0);
-}
-void getUsageTime(const Monitor& m) {
-  m.getUsageTime();
-}
-void getCalModeValue(const Monitor& m) {
-  m.getCalModeValue();
-}
-void setCalModeValue(const Monitor& m) {
-  m.setCalModeValue(1);
-}
-void getExtractCalibrationData(const Monitor& m) {
-  m.getExtractCalibrationData();
-}
-void getMonitorColorType(const Monitor& m) {
-  m.getMonitorColorType();
-}
-void isKeyLockSupported(const Monitor& m) {
-  m.isKeyLockSupported();
-}
-void getKeyLockState(const Monitor& m) {
-  m.getKeyLockState();
-}
-void setKeyLockState(const Monitor& m) {
-  m.setKeyLockState(OmCtrlKeyLockLocked);
-}
-void getGammaModelTag(const Monitor& m) {
-  m.getGammaModelTag(0);
-}
-void abortCalibration(const Monitor& m) {
-  m.abortCalibration();
-}
+void getModelName(const Monitor& m) { m.getModelName(); }
+void getSerialNumber(const Monitor& m) { m.getSerialNumber(); }
+void getPackageName(const Monitor& m) { m.getPackageName(); }
+void getEdidModelName(const Monitor& m) { m.getEdidModelName(); }
+void getEdidSerialNumber(const Monitor& m) { m.getEdidSerialNumber(); }
+void getEdidProductYear(const Monitor& m) { m.getEdidProductYear(); }
+void getConnectionType(const Monitor& m) { m.getConnectionType(); }
+void getCalibrationTargetData(const Monitor& m) { m.getCalibrationTargetData(0); }
+void getUsageTime(const Monitor& m) { m.getUsageTime(); }
+void getCalModeValue(const Monitor& m) { m.getCalModeValue(); }
+void setCalModeValue(const Monitor& m) { m.setCalModeValue(1); }
+void getExtractCalibrationData(const Monitor& m) { m.getExtractCalibrationData(); }
+void getMonitorColorType(const Monitor& m) { m.getMonitorColorType(); }
+void isKeyLockSupported(const Monitor& m) { m.isKeyLockSupported(); }
+void getKeyLockState(const Monitor& m) { m.getKeyLockState(); }
+void setKeyLockState(const Monitor& m) { m.setKeyLockState(OmCtrlKeyLockLocked); }
+void getGammaModelTag(const Monitor& m) { m.getGammaModelTag(0); }
+void abortCalibration(const Monitor& m) { m.abortCalibration(); }
 
-void find() {
-  KovMonitorManager::get().find();
-}
-void getMonitors() {
-  KovMonitorManager::get().getMonitors();
-}
-void getMonitorByName() {
-  lookUp();
-}
+void find() { KovMonitorManager::get().find(); }
+void getMonitors() { KovMonitorManager::get().getMonitors(); }
+void getMonitorByName() { lookUp(); }
 
 TEST(JavaExceptionFromEachCall, GetModelName) {
   expectEveryJavaExceptionToLeave<OfHandle<getModelName>>(1);
@@ -232,9 +188,7 @@ TEST(JavaExceptionFromEachCall, PerformCalibration) {
   };
   expectEveryJavaExceptionToLeave<Scenario>(1);
 }
-TEST(JavaExceptionFromEachCall, Find) {
-  expectEveryJavaExceptionToLeave<OfManager<find>>(3);
-}
+TEST(JavaExceptionFromEachCall, Find) { expectEveryJavaExceptionToLeave<OfManager<find>>(3); }
 TEST(JavaExceptionFromEachCall, GetMonitors) {
   expectEveryJavaExceptionToLeave<OfManager<getMonitors>>(4);
 }

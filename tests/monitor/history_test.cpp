@@ -115,9 +115,7 @@ TEST_F(History, FillsEveryField) {
   EXPECT_EQ(info.colorDepth, 30);
 }
 
-TEST_F(History, MonitorWithoutHistoryGivesAnEmptyVector) {
-  EXPECT_TRUE(read().empty());
-}
+TEST_F(History, MonitorWithoutHistoryGivesAnEmptyVector) { EXPECT_TRUE(read().empty()); }
 
 TEST_F(History, NullHistoryListGivesAnEmptyVector) {
   objects.monitor->setField("history", nullptr);

@@ -29,9 +29,7 @@ inline Lines guardedText(const std::string& call, const std::string& text) {
 inline Lines guardedObject(const std::string& call, const std::string& object) {
   return guarded("CallObjectMethodV " + call) + Lines{"NewGlobalRef " + object};
 }
-inline Lines released(const std::string& object) {
-  return {"DeleteGlobalRef " + object};
-}
+inline Lines released(const std::string& object) { return {"DeleteGlobalRef " + object}; }
 // An operation in its local frame.
 inline Lines inFrame(const Lines& body, int capacity = 32) {
   return Lines{"PushLocalFrame " + std::to_string(capacity)} + body + Lines{"PopLocalFrame"};

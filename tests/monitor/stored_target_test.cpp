@@ -149,9 +149,7 @@ TEST_F(DisplayFunctionCode, ComparesExactly) {
   EXPECT_EQ(codeOf("gamma function", 2.2), 0);
 }
 
-TEST_F(DisplayFunctionCode, Cie1976InLowerCaseIsZero) {
-  EXPECT_EQ(codeOf("cie 1976"), 0);
-}
+TEST_F(DisplayFunctionCode, Cie1976InLowerCaseIsZero) { EXPECT_EQ(codeOf("cie 1976"), 0); }
 
 TEST_F(DisplayFunctionCode, GammaWithinAMillionthOfOneIsFour) {
   EXPECT_EQ(codeOf("Gamma Function", 1.0000005), 4);

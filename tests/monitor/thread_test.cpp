@@ -14,9 +14,7 @@ using namespace kovtest;
 using lumora::Monitor;
 using lumora::kov::KovMonitorManager;
 
-Monitor lookUp() {
-  return KovMonitorManager::get().getMonitorByName("L5-X240", "SN0001");
-}
+Monitor lookUp() { return KovMonitorManager::get().getMonitorByName("L5-X240", "SN0001"); }
 
 template <class Action>
 void onAnotherThread(Action action) {

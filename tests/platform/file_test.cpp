@@ -49,18 +49,14 @@ TEST_F(PosixOpenFile, GivesNullForAMissingFile) {
   EXPECT_EQ(openFile(""), nullptr);
 }
 
-TEST_F(PosixOpenFile, GivesNullForAFolder) {
-  EXPECT_EQ(openFile(folder.composed("")), nullptr);
-}
+TEST_F(PosixOpenFile, GivesNullForAFolder) { EXPECT_EQ(openFile(folder.composed("")), nullptr); }
 
 TEST_F(PosixOpenFile, GivesNullForAPipeWithoutWaitingForAWriter) {
   ASSERT_EQ(::mkfifo((folder.path / "pipe").c_str(), 0600), 0);
   EXPECT_EQ(openFile(folder.composed("pipe")), nullptr);
 }
 
-TEST_F(PosixOpenFile, GivesNullForADevice) {
-  EXPECT_EQ(openFile("\\dev\\null"), nullptr);
-}
+TEST_F(PosixOpenFile, GivesNullForADevice) { EXPECT_EQ(openFile("\\dev\\null"), nullptr); }
 
 TEST_F(PosixOpenFile, LeavesNoDescriptorOpenForWhatItRefuses) {
   const int before = ::dup(0);

@@ -37,9 +37,7 @@ TEST(PosixNativePath, TurnsEveryBackslash) {
   EXPECT_EQ(posix::nativePath(""), "");
 }
 
-TEST(PosixProcess, LeavesNoLocksBehindAtItsEnd) {
-  EXPECT_FALSE(processIsEnding());
-}
+TEST(PosixProcess, LeavesNoLocksBehindAtItsEnd) { EXPECT_FALSE(processIsEnding()); }
 
 }  // namespace
 }  // namespace lumora::platform

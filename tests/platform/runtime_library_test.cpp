@@ -68,9 +68,7 @@ TEST_F(PosixRuntimeLibrary, StaysMappedAfterItWasGivenBack) {
   EXPECT_EQ(answer(), 43);
 }
 
-TEST_F(PosixRuntimeLibrary, GivingNullBackIsNothing) {
-  freeRuntimeLibrary(nullptr);
-}
+TEST_F(PosixRuntimeLibrary, GivingNullBackIsNothing) { freeRuntimeLibrary(nullptr); }
 
 }  // namespace
 }  // namespace lumora::platform

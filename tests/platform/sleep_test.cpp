@@ -20,9 +20,7 @@ TEST(PosixSleep, LastsAtLeastAsLongAsAsked) {
   EXPECT_GE(Clock::now() - start, milliseconds(50));
 }
 
-TEST(PosixSleep, OfZeroReturns) {
-  sleepMilliseconds(0);
-}
+TEST(PosixSleep, OfZeroReturns) { sleepMilliseconds(0); }
 
 TEST(PosixSleep, IsNotCutShortByASignal) {
   struct sigaction action = {};

@@ -33,21 +33,9 @@ void give(void* memory) noexcept {
 
 }  // namespace counting
 
-void* operator new(std::size_t size) {
-  return counting::take(size);
-}
-void* operator new[](std::size_t size) {
-  return counting::take(size);
-}
-void operator delete(void* memory) noexcept {
-  counting::give(memory);
-}
-void operator delete[](void* memory) noexcept {
-  counting::give(memory);
-}
-void operator delete(void* memory, std::size_t) noexcept {
-  counting::give(memory);
-}
-void operator delete[](void* memory, std::size_t) noexcept {
-  counting::give(memory);
-}
+void* operator new(std::size_t size) { return counting::take(size); }
+void* operator new[](std::size_t size) { return counting::take(size); }
+void operator delete(void* memory) noexcept { counting::give(memory); }
+void operator delete[](void* memory) noexcept { counting::give(memory); }
+void operator delete(void* memory, std::size_t) noexcept { counting::give(memory); }
+void operator delete[](void* memory, std::size_t) noexcept { counting::give(memory); }

@@ -63,9 +63,19 @@ TEST(KeyOrder, AMillionPairsAgreeWithTheStandardString) {
 
 TEST(KeyOrder, ZerosInsideAKeyAreBytesLikeOthers) {
   using namespace std::string_view_literals;
-  const std::vector<std::string_view> rising = {
-      ""sv, "\0"sv, "\0\0"sv, "\0a"sv, "ab"sv, "ab\0"sv, "ab\0\0\0\0\0\0"sv, "ab\0\0\0\0\0\0\0"sv,
-      "ab\0\0\0\0\0\0a"sv, "ab\1"sv, "abcdefgh"sv, "abcdefgh\0"sv, "abcdefgh\xff"sv};
+  const std::vector<std::string_view> rising = {""sv,
+                                                "\0"sv,
+                                                "\0\0"sv,
+                                                "\0a"sv,
+                                                "ab"sv,
+                                                "ab\0"sv,
+                                                "ab\0\0\0\0\0\0"sv,
+                                                "ab\0\0\0\0\0\0\0"sv,
+                                                "ab\0\0\0\0\0\0a"sv,
+                                                "ab\1"sv,
+                                                "abcdefgh"sv,
+                                                "abcdefgh\0"sv,
+                                                "abcdefgh\xff"sv};
   for (std::size_t i = 0; i < rising.size(); ++i) {
     for (std::size_t k = 0; k < rising.size(); ++k) {
       EXPECT_EQ(keyBefore(rising[i], rising[k]), i < k) << i << " " << k;
@@ -101,8 +111,7 @@ TEST(MemberKey, KeepsNamesOfEveryLengthAndSoDoItsCopies) {
     EXPECT_TRUE(sameKey(copy.text(), name));
     // Up to 24 bytes lie inside.
     const auto* inside = reinterpret_cast<const char*>(&copy);
-    const bool isInside =
-        copy.text().data() >= inside && copy.text().data() < inside + sizeof copy;
+    const bool isInside = copy.text().data() >= inside && copy.text().data() < inside + sizeof copy;
     EXPECT_EQ(isInside, length <= 24) << length;
     name += static_cast<char>('a' + length % 26);
   }

@@ -145,9 +145,7 @@ void compareFormatting(std::uint64_t seed, char point) {
   }
 }
 
-TEST(ScalarTextDifferential, AMillionDoublesPrintLikePrintf) {
-  compareFormatting(1, '.');
-}
+TEST(ScalarTextDifferential, AMillionDoublesPrintLikePrintf) { compareFormatting(1, '.'); }
 
 TEST(ScalarTextDifferential, AMillionDoublesPrintLikePrintfUnderACommaLocale) {
   const ForeignLocale locale(ForeignLocale::kComma);

@@ -16,15 +16,9 @@ constexpr int kDefaultInt = -77;
 constexpr double kDefaultDouble = -77.25;
 const std::string kDefaultText = "the default";
 
-int toInt(const Value& value) {
-  return value.asInt(kDefaultInt);
-}
-double toDouble(const Value& value) {
-  return value.asDouble(kDefaultDouble);
-}
-std::string toText(const Value& value) {
-  return value.asString(kDefaultText);
-}
+int toInt(const Value& value) { return value.asInt(kDefaultInt); }
+double toDouble(const Value& value) { return value.asDouble(kDefaultDouble); }
+std::string toText(const Value& value) { return value.asString(kDefaultText); }
 
 std::vector<Value> typesWithoutConversion() {
   return {Value(), Value(std::vector<Value>{1}), Value(std::map<std::string, Value>{{"a", 1}})};
@@ -176,9 +170,7 @@ TEST(ValueConversion, TextToDoubleTakesTheWholeText) {
 }
 
 // Kept: the empty text is consumed as a whole.
-TEST(ValueConversion, TheEmptyTextIsTheDoubleZero) {
-  EXPECT_EQ(toDouble(""), 0.0);
-}
+TEST(ValueConversion, TheEmptyTextIsTheDoubleZero) { EXPECT_EQ(toDouble(""), 0.0); }
 
 // Kept: numbers are read from C texts, so the first NUL byte ends the whole text.
 TEST(ValueConversion, ATextWithANulByteReadsAsWhatLiesBeforeIt) {

@@ -19,9 +19,7 @@ Value sample() {
   return value;
 }
 
-const Value& member(const Value& value, const char* key) {
-  return value[key];
-}
+const Value& member(const Value& value, const char* key) { return value[key]; }
 
 TEST(ValueSharing, ACopyIsOneMoreShare) {
   const Value original = sample();

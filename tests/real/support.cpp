@@ -29,9 +29,7 @@ Workstation::Workstation(const std::string& settings) {
   system::setVariable("KOV_SIM_HOME", home.string());
 }
 
-Workstation::~Workstation() {
-  std::filesystem::remove_all(home);
-}
+Workstation::~Workstation() { std::filesystem::remove_all(home); }
 
 void Workstation::order(const std::string& faults) const {
   std::ofstream(home / "faults.properties") << faults;
@@ -43,18 +41,14 @@ lumora::Monitor Workstation::findColourMonitor() {
   return manager.getMonitorByName(kColour.model, kColour.serial);
 }
 
-std::filesystem::path Workstation::root() {
-  return std::getenv("L5KOV_COMMON_APPDATA");
-}
+std::filesystem::path Workstation::root() { return std::getenv("L5KOV_COMMON_APPDATA"); }
 
 Instrument::Instrument(const MonitorName& monitor)
     : meter(MDSimOpen(kDeviceId, kInstrumentSerial, monitor.serial)) {
   if (meter == nullptr) throw std::runtime_error("no instrument");
 }
 
-Instrument::~Instrument() {
-  MDSimClose(meter);
-}
+Instrument::~Instrument() { MDSimClose(meter); }
 
 void Instrument::showColorPatch(lumora::kov::PatchRecord& patch) {
   ++patches;
@@ -69,12 +63,8 @@ void Instrument::measure(void* device, lumora::kov::PatchRecord* patch,
   measurements.push_back({(*patch)[4], (*result)[8]});
 }
 
-void Instrument::progress(double fraction) {
-  fractions.push_back(fraction);
-}
-void Instrument::notifyEvent(std::string event) {
-  events.push_back(std::move(event));
-}
+void Instrument::progress(double fraction) { fractions.push_back(fraction); }
+void Instrument::notifyEvent(std::string event) { events.push_back(std::move(event)); }
 
 Calibration::Calibration(const MonitorName& monitor, int calModeValue)
     : instrument(monitor),

@@ -16,9 +16,7 @@ fs::path makeFolder() {
   return pattern;
 }
 
-void setVariable(const char* name, const std::string& value) {
-  ::setenv(name, value.c_str(), 1);
-}
+void setVariable(const char* name, const std::string& value) { ::setenv(name, value.c_str(), 1); }
 
 void* runtimeExport(const fs::path& jre, const char* symbol) {
   void* const module = ::dlopen((jre / "lib/server/libjvm.so").c_str(), RTLD_NOW);

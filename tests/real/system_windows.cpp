@@ -12,9 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string native(fs::path path) {
-  return path.make_preferred().string();
-}
+std::string native(fs::path path) { return path.make_preferred().string(); }
 
 }  // namespace
 

@@ -51,8 +51,6 @@ void StepClock::wait(unsigned milliseconds) {
 
 namespace lumora::platform {
 
-void sleepMilliseconds(unsigned milliseconds) {
-  kovtest::StepClock::get().wait(milliseconds);
-}
+void sleepMilliseconds(unsigned milliseconds) { kovtest::StepClock::get().wait(milliseconds); }
 
 }  // namespace lumora::platform

@@ -40,17 +40,11 @@ int Log::indexOf(const std::string& line) const {
   return found == all.end() ? -1 : static_cast<int>(found - all.begin());
 }
 
-bool Log::contains(const std::string& line) const {
-  return indexOf(line) >= 0;
-}
+bool Log::contains(const std::string& line) const { return indexOf(line) >= 0; }
 
-void PrintTo(const Log& log, std::ostream* out) {
-  *out << joined(log.lines());
-}
+void PrintTo(const Log& log, std::ostream* out) { *out << joined(log.lines()); }
 
-FakeJvm::FakeJvm() : runtime(PluginFolder::get().runtime()), log(runtime) {
-  runtime.reset();
-}
+FakeJvm::FakeJvm() : runtime(PluginFolder::get().runtime()), log(runtime) { runtime.reset(); }
 
 FakeJvm::~FakeJvm() {
   runtime.onCall(nullptr);
@@ -74,15 +68,9 @@ FakeJvm::~FakeJvm() {
   }
 }
 
-const std::filesystem::path& FakeJvm::root() const {
-  return PluginFolder::get().root();
-}
-std::filesystem::path FakeJvm::plugins() const {
-  return PluginFolder::get().plugins();
-}
-std::filesystem::path FakeJvm::libraryFile() const {
-  return PluginFolder::get().libraryFile();
-}
+const std::filesystem::path& FakeJvm::root() const { return PluginFolder::get().root(); }
+std::filesystem::path FakeJvm::plugins() const { return PluginFolder::get().plugins(); }
+std::filesystem::path FakeJvm::libraryFile() const { return PluginFolder::get().libraryFile(); }
 
 jobject FakeJvm::local(const std::string& name) {
   const fakejvm::ObjectRef object = runtime.find(name);

@@ -36,12 +36,8 @@ struct FakeChroma {
 // The instances in the loaded libraries, one per process; not thread-safe.
 extern "C" FakeMeter* l5kov_fake_meter();
 extern "C" FakeChroma* l5kov_fake_chroma();
-inline FakeMeter& fakeMeter() {
-  return *l5kov_fake_meter();
-}
-inline FakeChroma& fakeChroma() {
-  return *l5kov_fake_chroma();
-}
+inline FakeMeter& fakeMeter() { return *l5kov_fake_meter(); }
+inline FakeChroma& fakeChroma() { return *l5kov_fake_chroma(); }
 // Both back to their initial values.
 void resetFakeVendors();
 

@@ -30,13 +30,9 @@ PluginFolder::PluginFolder() : rootPath(system::makeRoot()) {
   fake = reinterpret_cast<fakejvm::RuntimeGetter>(getter)();
 }
 
-PluginFolder::~PluginFolder() {
-  system::removeRoot(rootPath);
-}
+PluginFolder::~PluginFolder() { system::removeRoot(rootPath); }
 
-fs::path PluginFolder::plugins() const {
-  return rootPath / "ORVA" / "Lumora5" / "plugins";
-}
+fs::path PluginFolder::plugins() const { return rootPath / "ORVA" / "Lumora5" / "plugins"; }
 
 fs::path PluginFolder::libraryFile() const {
   return plugins() / "com.orva.lumora.jre" / system::runtimeLibrary();

@@ -11,9 +11,7 @@ namespace kovtest::system {
 
 namespace fs = std::filesystem;
 
-fs::path runtimeLibrary() {
-  return "jre/lib/server/libjvm.so";
-}
+fs::path runtimeLibrary() { return "jre/lib/server/libjvm.so"; }
 
 fs::path makeRoot() {
   std::string pattern = (fs::temp_directory_path() / "l5kov-test-XXXXXX").string();
@@ -30,9 +28,7 @@ void removeRoot(const fs::path& root) {
 }
 
 // The loader knows a file by its inode: the link and the library are one module.
-void place(const fs::path& library, const fs::path& at) {
-  fs::create_symlink(library, at);
-}
+void place(const fs::path& library, const fs::path& at) { fs::create_symlink(library, at); }
 
 // Never closed: the virtual machine lives until the process ends.
 void* load(const fs::path& library, const char* symbol) {

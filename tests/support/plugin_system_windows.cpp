@@ -11,9 +11,7 @@ namespace kovtest::system {
 
 namespace fs = std::filesystem;
 
-fs::path runtimeLibrary() {
-  return "jre/bin/server/jvm.dll";
-}
+fs::path runtimeLibrary() { return "jre/bin/server/jvm.dll"; }
 
 // The library asks the shell, so tests need a machine (a Wine prefix) whose shell takes the folder
 // from this variable: "User Shell Folders", "Common AppData", %L5KOV_COMMON_APPDATA%. Elsewhere all

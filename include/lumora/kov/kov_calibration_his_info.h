@@ -10,22 +10,23 @@ namespace kov {
 
 /// The target that a calibration of the history aimed at, and the instrument it was measured with.
 struct KovCalibrationTargetInfo {
-  std::uint8_t deviceKind = 0;      ///< 0: the instrument's type is named "None"; otherwise 1
-  std::string calibrationKind;      ///< always "STANDARD"
-  double maxLuminance = 0.0;        ///< cd/m²
-  double minLuminance = 0.0;        ///< cd/m²
-  bool reservedFlag = false;        ///< always false
-  std::string colorMode;            ///< "CUSTOM" for a colour calibration, otherwise "OFF"
-  double colorX = 0.0;              ///< CIE 1931 x; 0 when the mode is "OFF"
-  double colorY = 0.0;              ///< CIE 1931 y; 0 when the mode is "OFF"
-  std::int32_t displayFunction = 0; ///< 0 DICOM (and unknown names), 1 CIE 1976, 2 gamma,
-                                    ///< 3 logarithmic-linear, 4 gamma 1.0, 5 native, 6 user-defined
-  double gammaValue = 0.0;          ///< exponent, only when displayFunction is 2; otherwise 0
-  bool validFlag = false;           ///< always true in a record that the library made
-  double ambientLight = 0.0;        ///< as the Java library stores it
-  std::int32_t deviceId = 0;        ///< device identifier of the instrument; a Java device code
-                                    ///< that the library cannot translate stays as it is
-  std::string deviceSerialNumber;   ///< serial number of the instrument
+  std::uint8_t deviceKind = 0;  ///< 0: the instrument's type is named "None"; otherwise 1
+  std::string calibrationKind;  ///< always "STANDARD"
+  double maxLuminance = 0.0;    ///< cd/m²
+  double minLuminance = 0.0;    ///< cd/m²
+  bool reservedFlag = false;    ///< always false
+  std::string colorMode;        ///< "CUSTOM" for a colour calibration, otherwise "OFF"
+  double colorX = 0.0;          ///< CIE 1931 x; 0 when the mode is "OFF"
+  double colorY = 0.0;          ///< CIE 1931 y; 0 when the mode is "OFF"
+  /// 0 DICOM (and unknown names), 1 CIE 1976, 2 gamma, 3 logarithmic-linear, 4 gamma 1.0, 5 native,
+  /// 6 user-defined
+  std::int32_t displayFunction = 0;
+  double gammaValue = 0.0;         ///< exponent, only when displayFunction is 2; otherwise 0
+  bool validFlag = false;          ///< always true in a record that the library made
+  double ambientLight = 0.0;       ///< as the Java library stores it
+  std::int32_t deviceId = 0;       ///< device identifier of the instrument; a Java device code
+                                   ///< that the library cannot translate stays as it is
+  std::string deviceSerialNumber;  ///< serial number of the instrument
 };
 
 /// Who ran a calibration of the history, where and when.

@@ -21,6 +21,7 @@ namespace java {
 class JApiCalibrationTargetValues;
 class JArrayList;
 class JavaException;
+class JList;
 template <class Wrapper>
 class Kept;
 }  // namespace java
@@ -160,9 +161,7 @@ class L5KOV_API KovCalibrator {
   static jstring GetMeasurementSerialNumberProc(JNIEnv*, jobject, std::int64_t handle);
   static std::int32_t GetMeasurementTypeProc(JNIEnv*, jobject, std::int64_t handle);
 
-  void drawPatch(std::int32_t c1, std::int32_t c2, std::int32_t c3);
-  bool measurePatch(PatchRecord& result);
-  void takeResults(jobject list);
+  void appendResults(const java::JList& reported);
 
   std::unique_ptr<java::Kept<java::JApiCalibrationTargetValues>> targetValues;
   std::unique_ptr<java::Kept<java::JArrayList>> resultList;

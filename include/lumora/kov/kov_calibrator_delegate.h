@@ -15,8 +15,8 @@ namespace kov {
 /// All operations are called inside KovCalibrator::execute(), on the thread that called it, with
 /// Java frames on the stack below. An exception that leaves one does not pass through those frames:
 /// it becomes a Java exception there (a JavaException the one that it stands for, any other a
-/// java.lang.RuntimeException with its what() as the message). Unless the Java library handles it, it
-/// ends the calibration and comes out of execute() as an OmError with that message.
+/// java.lang.RuntimeException with its what() as the message). Unless the Java library handles it,
+/// it ends the calibration and comes out of execute() as an OmError with that message.
 ///
 /// The order of the virtual operations is binary interface.
 class L5KOV_API KovCalibratorDelegate {

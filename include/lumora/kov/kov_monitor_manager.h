@@ -35,8 +35,8 @@ class L5KOV_API KovMonitorManager {
   /// A new handle for every monitor that the Java library lists now, in its order.
   std::vector<Monitor> getMonitors();
 
-  /// The monitor that the Java library finds for the two texts (UTF-8), handed on in this order. What
-  /// they mean is the Java library's affair; the simulator's takes model and serial number.
+  /// The monitor that the Java library finds for the two texts (UTF-8), handed on in this order.
+  /// What they mean is the Java library's affair; the simulator's takes model and serial number.
   /// @throws std::logic_error "Can not find monitor"
   Monitor getMonitorByName(const std::string& monitorName, const std::string& monitorKey);
 

@@ -126,12 +126,8 @@ jboolean JNICALL finish(JNIEnv* env, jobject, jobject list, jlong) {
   nativeCalls.push_back("finish " + std::to_string(count));
   return JNI_TRUE;
 }
-jstring JNICALL serial(JNIEnv* env, jobject, jlong) {
-  return env->NewStringUTF("METER");
-}
-jint JNICALL type(JNIEnv*, jobject, jlong) {
-  return 7;
-}
+jstring JNICALL serial(JNIEnv* env, jobject, jlong) { return env->NewStringUTF("METER"); }
+jint JNICALL type(JNIEnv*, jobject, jlong) { return 7; }
 
 void registerNatives(JNIEnv* env) {
   std::vector<std::array<std::string, 2>> names{

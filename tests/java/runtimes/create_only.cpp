@@ -14,7 +14,5 @@ JNIEXPORT jint JNICALL JNI_CreateJavaVM(JavaVM**, void**, void*) {
   return JNI_EVERSION;
 }
 
-JNIEXPORT int timesAsked() {
-  return asked;
-}
+JNIEXPORT int timesAsked() { return asked; }
 }

@@ -20,8 +20,8 @@ class JavaEnv;
 ///
 /// After DeleteJavaVM() on the same thread the same object comes back, without bindings.
 ///
-/// A thread's first call should not come from inside a Java native method or a JNI local frame of the
-/// host's own: the class references that it makes live as long as the frame around it.
+/// A thread's first call should not come from inside a Java native method or a JNI local frame of
+/// the host's own: the class references that it makes live as long as the frame around it.
 ///
 /// @return never null; owned by the library
 /// @throws std::logic_error while the thread's own thread-local objects are being destroyed
@@ -38,9 +38,9 @@ L5KOV_API JavaEnv* Env();
 ///
 /// It is the last Java-related call that a thread may make, and must not be made inside a
 /// KovCalibratorDelegate. Every later operation of this library on the thread throws
-/// std::logic_error; the calibrator's that return an OmError return OM_ERR_COMMUNICATION instead, but
-/// for setCalibrationTarget(), which throws. Does nothing while the thread's own objects are being
-/// destroyed.
+/// std::logic_error; the calibrator's that return an OmError return OM_ERR_COMMUNICATION instead,
+/// but for setCalibrationTarget(), which throws. Does nothing while the thread's own objects are
+/// being destroyed.
 ///
 /// @throws what Env() throws, and JavaException when System.gc() failed
 L5KOV_API void DeleteJavaVM();
