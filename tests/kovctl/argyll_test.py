@@ -1,20 +1,18 @@
 # SPDX-License-Identifier: MIT
 """The same calibration over the physics of an ICC profile that Debian ships, by ArgyllCMS's icclu."""
-import os
 import pathlib
 import shutil
-import sys
 import time
-import unittest
 
+import programs
 import schemas
+import side_by_side
 from harness import COLOUR, KovctlTest
 
 PROFILES = pathlib.Path("/usr/share/color/argyll/ref")
 
-if not shutil.which("icclu") or not PROFILES.is_dir():
-    print("ArgyllCMS is needed (Debian: argyll)")
-    sys.exit(77)
+programs.require(shutil.which("icclu") and shutil.which("spotread") and PROFILES.is_dir(),
+                 "ArgyllCMS is needed (Debian: argyll)")
 
 
 class Icc(KovctlTest):
@@ -64,7 +62,6 @@ class Icc(KovctlTest):
         self.assertIn("Debian package argyll", result.err)
 
 
-@unittest.skipUnless(shutil.which("spotread"), "no spotread")
 class Spotread(KovctlTest):
     def test_without_an_instrument_it_ends_in_time(self):
         """The real spotread, which hangs here or takes twenty seconds to say so."""
@@ -76,4 +73,4 @@ class Spotread(KovctlTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    side_by_side.main()

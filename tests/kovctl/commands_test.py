@@ -3,11 +3,11 @@
 import json
 import os
 import subprocess
-import unittest
 
 import jsonschema
 
 import schemas
+import side_by_side
 from harness import COLOUR, KOVCTL, KovctlTest, MONOCHROME, NO_LOCK
 
 
@@ -214,4 +214,4 @@ class Commands(KovctlTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    side_by_side.main()

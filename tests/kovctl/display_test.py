@@ -4,15 +4,15 @@ import signal
 import subprocess
 import sys
 import time
-import unittest
 
+import programs
 import schemas
+import side_by_side
 import xserver
-from harness import COLOUR, KOVCTL, KovctlTest, SOURCE, is_patch
+from harness import COLOUR, KOVCTL, KOVCTL_HAS_SDL, KovctlTest, SOURCE, is_patch
 
-if not xserver.available():
-    print("Xvfb is needed (Debian: xvfb)")
-    sys.exit(77)
+programs.require(xserver.available(), "Xvfb is needed (Debian: xvfb)")
+programs.require(KOVCTL_HAS_SDL, "kovctl was built without SDL (Debian: libsdl2-dev)")
 
 
 class Screen(KovctlTest):
@@ -173,4 +173,4 @@ class Argyll(Screen):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    side_by_side.main()

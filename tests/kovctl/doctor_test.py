@@ -5,10 +5,10 @@ import os
 import pathlib
 import shutil
 import subprocess
-import unittest
 import zipfile
 
 import schemas
+import side_by_side
 from harness import CMAKE, KOVCTL, KovctlTest
 
 
@@ -211,4 +211,4 @@ class WithoutLibraries(KovctlTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    side_by_side.main()

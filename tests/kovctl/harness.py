@@ -2,7 +2,7 @@
 """Runs kovctl in an application-data folder of its own.
 
 The environment names the build: KOVCTL, KOVCTL_SOURCE, KOVCTL_SIMULATOR_DIR, KOVCTL_JAVA_HOME,
-KOVCTL_CMAKE.
+KOVCTL_CMAKE, KOVCTL_HAS_SDL.
 """
 import json
 import os
@@ -18,6 +18,7 @@ SOURCE = pathlib.Path(os.environ["KOVCTL_SOURCE"])
 SIMULATOR = os.environ["KOVCTL_SIMULATOR_DIR"]
 JAVA_HOME = os.environ["KOVCTL_JAVA_HOME"]
 CMAKE = os.environ["KOVCTL_CMAKE"]
+KOVCTL_HAS_SDL = os.environ.get("KOVCTL_HAS_SDL") == "TRUE"
 SCHEMAS = SOURCE / "tools/kovctl/schema"
 LIMIT = 300  # s: no run of kovctl may take longer
 
@@ -105,7 +106,9 @@ class KovctlTest(unittest.TestCase):
         options.setdefault("env", self.environment)
         # Unbuffered: what readline() would read ahead, communicate() would not find.
         options.setdefault("bufsize", 0)
-        return subprocess.Popen([KOVCTL, *map(str, arguments)], **options)
+        # A program that starts kovctl in its own way: no preexec_fn, since tests run in threads.
+        by = options.pop("by", ())
+        return subprocess.Popen([*by, KOVCTL, *map(str, arguments)], **options)
 
     def finish(self, process):
         try:

@@ -3,9 +3,9 @@
 import random
 import signal
 import time
-import unittest
 
 import schemas
+import side_by_side
 from harness import COLOUR, KovctlTest, is_patch
 
 SEED = 20261121
@@ -125,4 +125,4 @@ class Interrupt(KovctlTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    side_by_side.main()

@@ -3,9 +3,10 @@
 import os
 import pathlib
 import re
-import shutil
 import subprocess
 import unittest
+
+import programs
 
 KOVCTL = os.environ["KOVCTL"]
 SOURCE = pathlib.Path(os.environ["KOVCTL_SOURCE"])
@@ -44,7 +45,7 @@ class Manual(unittest.TestCase):
         for code in codes:
             self.assertRegex(help_of(), rf"\b{code} ")
 
-    @unittest.skipUnless(shutil.which("man"), "no man")
+    @unittest.skipIf(programs.lacks("man"), "no man (Debian: man-db)")
     def test_formats_without_a_warning(self):
         result = subprocess.run(
             ["man", "--warnings", "-E", "UTF-8", "-l", "-Tutf8", str(SOURCE / "docs/kovctl.1")],

@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
 """JSON documents against the schemas that come with kovctl."""
+import functools
 import json
 
 import warnings
@@ -12,6 +13,7 @@ STORE = {path.name: json.loads(path.read_text(encoding="utf-8")) for path in
          SCHEMAS.glob("*.schema.json")}
 
 
+@functools.cache
 def validator(name):
     schema = STORE[name + ".schema.json"]
     jsonschema.Draft202012Validator.check_schema(schema)

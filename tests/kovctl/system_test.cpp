@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 
 #include "system/binary_format.h"
 #include "system/files.h"
@@ -16,8 +15,12 @@ namespace fs = std::filesystem;
 
 class Folder {
  public:
-  Folder() : path(fs::temp_directory_path() / ("kovctl-system-" + std::to_string(std::rand()))) {
-    fs::create_directories(path);
+  // Named at random by the system: these tests run side by side, each in a process of its own.
+  Folder() {
+    std::random_device random;
+    do {
+      path = fs::temp_directory_path() / ("kovctl-system-" + std::to_string(random()));
+    } while (!fs::create_directory(path));
   }
   ~Folder() { fs::remove_all(path); }
   fs::path path;

@@ -5,14 +5,12 @@ import os
 import pty
 import re
 import select
-import signal
 import struct
-import subprocess
 import termios
 import time
-import unittest
 
-from harness import COLOUR, KOVCTL, KovctlTest
+import side_by_side
+from harness import COLOUR, KovctlTest
 
 
 class Terminal(KovctlTest):
@@ -20,17 +18,17 @@ class Terminal(KovctlTest):
         super().setUp()
         self.settings(patch__delay__ms="15")
 
-    def open(self, *arguments, columns=100, out=None):
+    def open_own(self, *arguments, columns=100, out=None):
+        """In a session of its own whose terminal this is; the caller closes it."""
         master, slave = pty.openpty()
         fcntl.ioctl(slave, termios.TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
-
-        def own_terminal():
-            os.setsid()
-            fcntl.ioctl(slave, termios.TIOCSCTTY, 0)
-
-        process = subprocess.Popen([KOVCTL, *arguments], stdin=slave, stdout=out or slave,
-                                   stderr=slave, env=self.environment, preexec_fn=own_terminal)
+        process = self.start(*arguments, by=("setsid", "--ctty"), stdin=slave, stdout=out or slave,
+                             stderr=slave)
         os.close(slave)
+        return process, master
+
+    def open(self, *arguments, **options):
+        process, master = self.open_own(*arguments, **options)
         self.addCleanup(os.close, master)
         self.addCleanup(lambda: process.poll() is None and process.kill())
         return process, master
@@ -128,17 +126,8 @@ class Terminal(KovctlTest):
 
     def test_terminal_that_is_closed(self):
         """The window of a remote session is closed: SIGHUP, and nobody reads any more."""
-        master, slave = pty.openpty()
-
-        def own_terminal():
-            os.setsid()
-            fcntl.ioctl(slave, termios.TIOCSCTTY, 0)
-
         record = self.folder / "run.json"
-        process = subprocess.Popen(
-            [KOVCTL, "calibrate", "-m", COLOUR, "--lut", "2", "--record", str(record)], stdin=slave,
-            stdout=slave, stderr=slave, env=self.environment, preexec_fn=own_terminal)
-        os.close(slave)
+        process, master = self.open_own("calibrate", "-m", COLOUR, "--lut", "2", "--record", record)
         text = b""
         while b"patch 10 of" not in text:
             text += os.read(master, 65536)
@@ -149,4 +138,4 @@ class Terminal(KovctlTest):
 
 
 if __name__ == "__main__":
-    unittest.main()
+    side_by_side.main()

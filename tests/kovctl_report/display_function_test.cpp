@@ -142,11 +142,16 @@ std::vector<double> oracle(const std::string& option) {
   return values;
 }
 
+// `./test --all` installs whatever a test needs: there, what is missing is a failure.
+bool mayBeSkipped(const std::vector<double>& values) {
+  return values.empty() && std::getenv("L5KOV_TEST_ALL") == nullptr;
+}
+
 // dcmdspfn takes its end points through the printed inverse, which errs by up to 0.09 JND; one JND
 // is about 2.5 % of the luminance at the dark end.
 TEST(TargetCurve, AgreesWithDcmtkOnDicom) {
   const auto values = oracle("+Og");
-  if (values.empty()) GTEST_SKIP() << "dcmdspfn (Debian package dcmtk) is not installed";
+  if (mayBeSkipped(values)) GTEST_SKIP() << "dcmdspfn (Debian package dcmtk) is not installed";
   ASSERT_EQ(values.size(), 256U);
   const auto curve = TargetCurve::of(target(DisplayFunction::kDicom), 0.5, 250.0);
   for (int level = 0; level < 256; ++level)
@@ -156,7 +161,7 @@ TEST(TargetCurve, AgreesWithDcmtkOnDicom) {
 
 TEST(TargetCurve, AgreesWithDcmtkOnCieLightness) {
   const auto values = oracle("+Oc");
-  if (values.empty()) GTEST_SKIP() << "dcmdspfn (Debian package dcmtk) is not installed";
+  if (mayBeSkipped(values)) GTEST_SKIP() << "dcmdspfn (Debian package dcmtk) is not installed";
   ASSERT_EQ(values.size(), 256U);
   const auto curve = TargetCurve::of(target(DisplayFunction::kCie), 0.5, 250.0);
   for (int level = 0; level < 256; ++level)  // it prints six decimals, and uses 903.3 for 24389/27

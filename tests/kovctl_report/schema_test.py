@@ -3,6 +3,7 @@
 """Records against the JSON Schema: schema_test.py WRITE_SAMPLE SCHEMA."""
 import copy
 import json
+import os
 import subprocess
 import sys
 import tempfile
@@ -11,8 +12,8 @@ import unittest
 try:
     import jsonschema
 except ImportError:
-    print('SKIP: the Debian package python3-jsonschema is not installed')
-    sys.exit(77)
+    print('The Debian package python3-jsonschema is not installed')
+    sys.exit(1 if os.environ.get('L5KOV_TEST_ALL') else 77)
 
 WRITE_SAMPLE, SCHEMA = sys.argv[1:3]
 

@@ -9,8 +9,8 @@ set -euo pipefail
 build=(ca-certificates cmake g++ ninja-build openjdk-17-jdk-headless libtinyxml2-dev liblcms2-dev
        libcli11-dev libfmt-dev nlohmann-json3-dev)
 test=(libgtest-dev libgmock-dev dcmtk python3 python3-jsonschema argyll)
-all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind clang-14
-     libclang-rt-14-dev gcovr)
+all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind man-db
+     clang-14 libclang-rt-14-dev gcovr)
 # Wanted only where the command of that name is missing: another packaging of it may be there.
 all_commands=(npm)
 
