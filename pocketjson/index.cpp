@@ -5,10 +5,9 @@
 // failed allocation changes nothing.
 #include <memory>
 #include <stdexcept>
-#include <tuple>
 #include <utility>
 
-#include "pocketjson/container.h"
+#include "pocketjson/members.h"
 
 namespace pocketjson {
 
@@ -16,32 +15,24 @@ namespace {
 
 constexpr const char* kIndexPastTheEnd = "array index out of range";
 
-Value& memberOf(Members& members, std::string_view name) {
-  const SoughtKey key(name);
-  const auto place = members.lower_bound(key);
-  if (key.met) return place->second;
-  return members
-      .emplace_hint(place, std::piecewise_construct, std::forward_as_tuple(key), std::tuple<>())
-      ->second;
-}
-
 }  // namespace
 
 Value& Value::operator[](std::string_view key) {
-  if (tag == Object && payload.container->refCount == 1) return memberOf(held<Members>(), key);
+  if (tag == Object && payload.container->refCount == 1) {
+    return findOrMakeMember(held<Members>(), key);
+  }
   auto own = tag == Object ? std::make_unique<Container<Members>>(held<Members>())
                            : std::make_unique<Container<Members>>();
-  Value& member = memberOf(own->held, key);
+  Value& member = findOrMakeMember(own->held, key);
   *this = Value(Object, own.release());
   return member;
 }
 
 const Value& Value::operator[](std::string_view name) const noexcept {
-  if (tag != Object) return nullValue();
-  const SoughtKey key(name);
-  const Members& members = held<Members>();
-  const auto place = members.lower_bound(key);
-  return key.met ? place->second : nullValue();
+  if (tag == Object) [[likely]] {
+    if (const Value* found = findMember(held<Members>(), name)) return *found;
+  }
+  return nullValue();
 }
 
 Value& Value::operator[](std::size_t index) {

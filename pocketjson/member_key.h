@@ -13,15 +13,18 @@
 
 namespace pocketjson {
 
-/// A key while it is looked up.
-struct SoughtKey {
-  explicit SoughtKey(std::string_view key) noexcept : text(key), front(frontOf(key)) {}
+/// The beginning of a key, to look up where the names that begin like it lie.
+struct SoughtFront {
+  explicit SoughtFront(std::string_view key) noexcept : front(frontOf(key)) {}
+
+  std::uint64_t front;
+};
+
+/// A whole key while it is looked up.
+struct SoughtKey : SoughtFront {
+  explicit SoughtKey(std::string_view key) noexcept : SoughtFront(key), text(key) {}
 
   std::string_view text;
-  std::uint64_t front;
-  /// Set by the comparison that meets the key itself. A search compares with the place where it
-  /// ends, so that this says whether the key is there without comparing once more.
-  mutable bool met = false;
 };
 
 /// The name of a member. Names of up to 24 bytes lie inside it, so that walking a tree of them
@@ -46,6 +49,9 @@ class MemberKey {
   std::string_view text() const noexcept {
     return {isOutside() ? place.outside : place.inside, length};
   }
+  bool beginsLike(const SoughtFront& key) const noexcept { return front == key.front; }
+  /// Whether it is that key, which begins like it.
+  bool hasRestOf(std::string_view key) const noexcept { return sameRest(text(), key); }
 
  private:
   friend struct KeyLess;
@@ -70,15 +76,16 @@ class MemberKey {
 struct KeyLess {
   using is_transparent = void;
 
+  bool operator()(const MemberKey& left, const SoughtFront& right) const noexcept {
+    return left.front < right.front;
+  }
   bool operator()(const MemberKey& left, const SoughtKey& right) const noexcept {
     if (left.front != right.front) return left.front < right.front;
-    if (!sameRest(left.text(), right.text)) return differentRestBefore(left.text(), right.text);
-    right.met = true;
-    return false;
+    return restBefore(left.text(), right.text);
   }
   bool operator()(const MemberKey& left, const MemberKey& right) const noexcept {
     if (left.front != right.front) return left.front < right.front;
-    return !sameRest(left.text(), right.text()) && differentRestBefore(left.text(), right.text());
+    return restBefore(left.text(), right.text());
   }
 };
 

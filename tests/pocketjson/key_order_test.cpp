@@ -11,8 +11,11 @@
 
 #include "pocketjson/member_key.h"
 
+using pocketjson::eightBytes;
+using pocketjson::frontOf;
 using pocketjson::KeyLess;
 using pocketjson::MemberKey;
+using pocketjson::SoughtFront;
 using pocketjson::SoughtKey;
 
 namespace {
@@ -26,9 +29,8 @@ bool keyBefore(std::string_view left, std::string_view right) {
 }
 
 bool sameKey(std::string_view left, std::string_view right) {
-  const SoughtKey sought(right);
-  KeyLess()(MemberKey(left), sought);
-  return sought.met;
+  const MemberKey key(left);
+  return key.beginsLike(SoughtFront(right)) && key.hasRestOf(right);
 }
 
 TEST(KeyOrder, IsByBytesWithTheShorterFirst) {
@@ -84,7 +86,6 @@ TEST(KeyOrder, ZerosInsideAKeyAreBytesLikeOthers) {
   }
 }
 
-// A search goes on after it has met the key.
 TEST(KeyOrder, ASearchEndsAtTheKeyAmongMembersThatBeginAlike) {
   std::map<MemberKey, int, KeyLess> members;
   for (int i = 0; i < 400; i += 2) {
@@ -92,12 +93,18 @@ TEST(KeyOrder, ASearchEndsAtTheKeyAmongMembersThatBeginAlike) {
   }
   for (int i = 0; i < 400; ++i) {
     const std::string name = "member number " + std::to_string(1000 + i);
-    const SoughtKey sought(name);
-    const auto place = members.lower_bound(sought);
-    EXPECT_EQ(sought.met, i % 2 == 0) << name;
-    if (sought.met) {
-      EXPECT_EQ(place->first.text(), name);
-    }
+    const auto place = members.lower_bound(SoughtKey(name));
+    EXPECT_EQ(place != members.end() && place->first.text() == name, i % 2 == 0) << name;
+    EXPECT_EQ(members.lower_bound(SoughtFront(name)), members.begin());
+  }
+}
+
+TEST(KeyOrder, ABeginningIsThatOfTheNamePaddedWithZeros) {
+  const std::string name = "\xFF" "bcdefgh-more";
+  for (std::size_t length = 0; length <= name.size(); ++length) {
+    std::string padded = name.substr(0, length);
+    padded.resize(8, '\0');
+    EXPECT_EQ(frontOf(name.substr(0, length)), eightBytes(padded.data())) << length;
   }
 }
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <string>
 
 #include "describe.h"
 
@@ -20,6 +21,20 @@ TEST(ValueEdgeCases, KeyedReadOnANonObjectGivesTheNullValue) {
     EXPECT_EQ(value["a"].asString("def"), "def");
     EXPECT_TRUE(value["a"].asBool(true));
   }
+}
+
+TEST(ValueEdgeCases, KeysThatBeginAlikeAreToldApart) {
+  Value object;
+  object["numberOfGraylevels"] = 52;
+  const Value& read = object;
+  EXPECT_EQ(&read["numberOfDarklevels"], &Value::nullValue());
+  EXPECT_EQ(&read["numberOf"], &Value::nullValue());
+  for (int i = 0; i < 400; i += 2) object["numberOf" + std::to_string(1000 + i)] = i;
+  EXPECT_EQ(object.size(), 201u);
+  for (int i = 0; i < 400; ++i) {
+    EXPECT_EQ(read["numberOf" + std::to_string(1000 + i)].asInt(-1), i % 2 == 0 ? i : -1);
+  }
+  EXPECT_EQ(read["numberOfGraylevels"].asInt(), 52);
 }
 
 TEST(ValueEdgeCases, AMissingKeyGivesTheNullValue) {

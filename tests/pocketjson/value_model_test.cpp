@@ -116,8 +116,9 @@ class Program {
   std::size_t pick(std::size_t count) { return random() % count; }
 
   std::string key() {
-    static const std::array<const char*, 7> kKeys{
-        "a", "B", "IsUsedMeasurementLmin", "IsUsedLamb", "", "\xC3\xA4", "numberOfGraylevels"};
+    static const std::array<const char*, 9> kKeys{
+        "a", "B", "IsUsedMeasurementLmin", "IsUsedMeasurementLmax", "IsUsedMe", "IsUsedLamb", "",
+        "\xC3\xA4", "numberOfGraylevels"};
     return kKeys[pick(kKeys.size())];
   }
 
