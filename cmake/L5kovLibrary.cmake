@@ -9,7 +9,7 @@ target_link_libraries(l5kov_objects PRIVATE l5kov_options l5kov_jni tinyxml2::ti
 if(NOT WIN32)
   # No host replaces single functions of this library: its own calls of exported functions may be
   # inlined and need no jump through the linkage table.
-  target_compile_options(l5kov_objects PRIVATE -fno-semantic-interposition)
+  target_compile_options(l5kov_objects PRIVATE -fno-semantic-interposition -fno-plt)
 endif()
 add_library(l5kov SHARED $<TARGET_OBJECTS:l5kov_objects>)
 add_library(l5kov::l5kov ALIAS l5kov)

@@ -136,7 +136,7 @@ inline jobject requiredGlobalRef(JNIEnv* env, jobject object) {
 // The three steps of every call into Java: discard a pending exception that an earlier plain call
 // left; call; on an exception, throw it. None is ever left pending.
 template <class Call>
-auto guarded(JNIEnv* env, Call call) {
+inline auto guarded(JNIEnv* env, Call call) {
   env->ExceptionClear();
   if constexpr (std::is_void_v<decltype(call())>) {
     call();
@@ -164,7 +164,7 @@ struct Target {
 
 // The check comes after the first step, so that a failed look-up's exception goes as any other.
 template <class Call>
-auto guarded(JNIEnv* env, const Target& at, Call call) {
+inline auto guarded(JNIEnv* env, const Target& at, Call call) {
   return guarded(env, [&] {
     at.check(env);
     return call();
@@ -172,29 +172,29 @@ auto guarded(JNIEnv* env, const Target& at, Call call) {
 }
 
 template <class... Arguments>
-void callVoid(JNIEnv* env, const Target& at, Arguments... arguments) {
+inline void callVoid(JNIEnv* env, const Target& at, Arguments... arguments) {
   guarded(env, at, [&] { env->CallVoidMethod(at.object, at.id, arguments...); });
 }
 template <class... Arguments>
-jobject callObject(JNIEnv* env, const Target& at, Arguments... arguments) {
+inline jobject callObject(JNIEnv* env, const Target& at, Arguments... arguments) {
   return guarded(env, at, [&] { return env->CallObjectMethod(at.object, at.id, arguments...); });
 }
 // True exactly when the Java result is 1.
 template <class... Arguments>
-bool callBoolean(JNIEnv* env, const Target& at, Arguments... arguments) {
+inline bool callBoolean(JNIEnv* env, const Target& at, Arguments... arguments) {
   const auto call = [&] { return env->CallBooleanMethod(at.object, at.id, arguments...); };
   return guarded(env, at, call) == JNI_TRUE;
 }
 template <class... Arguments>
-jint callInt(JNIEnv* env, const Target& at, Arguments... arguments) {
+inline jint callInt(JNIEnv* env, const Target& at, Arguments... arguments) {
   return guarded(env, at, [&] { return env->CallIntMethod(at.object, at.id, arguments...); });
 }
 template <class... Arguments>
-jlong callLong(JNIEnv* env, const Target& at, Arguments... arguments) {
+inline jlong callLong(JNIEnv* env, const Target& at, Arguments... arguments) {
   return guarded(env, at, [&] { return env->CallLongMethod(at.object, at.id, arguments...); });
 }
 template <class... Arguments>
-jdouble callDouble(JNIEnv* env, const Target& at, Arguments... arguments) {
+inline jdouble callDouble(JNIEnv* env, const Target& at, Arguments... arguments) {
   return guarded(env, at, [&] { return env->CallDoubleMethod(at.object, at.id, arguments...); });
 }
 inline void callStaticVoid(JNIEnv* env, const Target& at) {
@@ -205,7 +205,7 @@ inline jobject callStaticObject(JNIEnv* env, const Target& at) {
 }
 // Guarded as a call is: without the first step a stale exception would pass for the constructor's.
 template <class... Arguments>
-jobject newObject(JNIEnv* env, const Target& at, Arguments... arguments) {
+inline jobject newObject(JNIEnv* env, const Target& at, Arguments... arguments) {
   return guarded(env, at, [&] { return env->NewObject(at.clazz(), at.id, arguments...); });
 }
 
