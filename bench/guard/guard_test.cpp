@@ -75,9 +75,7 @@ TEST(Allocations, OfAThreadsEnvironment) {
   colourMonitor();
   long made = 0;
   std::thread([&made] {
-    const long before = static_cast<long>(bench::memoryOfThread().allocations);
-    lumora::kov::java::Env();
-    made = static_cast<long>(bench::memoryOfThread().allocations) - before;
+    made = static_cast<long>(bench::memoryOf(lumora::kov::java::Env).allocations);
   }).join();
   EXPECT_LE(made, 36);  // most of them the Java runtime's own
 }

@@ -15,9 +15,7 @@ namespace guard {
 template <class Work>
 long allocationsOf(Work work) {
   work();  // what is made only once is not the work's own
-  const long before = static_cast<long>(bench::memoryOfThread().allocations);
-  [[maybe_unused]] const auto result = work();
-  return static_cast<long>(bench::memoryOfThread().allocations) - before;
+  return static_cast<long>(bench::memoryOf(work).allocations);
 }
 
 inline double threadSeconds() {

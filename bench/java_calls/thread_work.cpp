@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// A thread's first Env() and its end.
-#include <chrono>
+// A thread's first Env() and its end, in the time that the thread works for them.
+#include <time.h>
+
 #include <latch>
 #include <memory>
 #include <thread>
@@ -13,14 +14,18 @@
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+double secondsOfThisThread() {
+  timespec now{};
+  ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
 
 // Made before the thread's environment, so destroyed after it: the end is part of the time.
 struct Stopwatch {
-  Clock::time_point start = Clock::now();
+  double start = 0.0;
   double* seconds = nullptr;
   ~Stopwatch() {
-    if (seconds != nullptr) *seconds = std::chrono::duration<double>(Clock::now() - start).count();
+    if (seconds != nullptr) *seconds = secondsOfThisThread() - start;
   }
 };
 thread_local Stopwatch stopwatch;
@@ -30,7 +35,7 @@ double secondsOfThread(Work work) {
   double seconds = 0.0;
   std::thread([&] {
     stopwatch.seconds = &seconds;
-    stopwatch.start = Clock::now();
+    stopwatch.start = secondsOfThisThread();
     work();
   }).join();
   return seconds;
@@ -38,49 +43,36 @@ double secondsOfThread(Work work) {
 
 void thread(benchmark::State& state) {
   bench::colourMonitor();
-  bench::Memory taken;
   for (auto _ : state) {
-    state.SetIterationTime(secondsOfThread([&] {
-      const bench::Memory before = bench::memoryOfThread();
-      lumora::kov::java::Env();
-      const bench::Memory after = bench::memoryOfThread();
-      taken.allocations = after.allocations - before.allocations;
-      taken.bytes = after.bytes - before.bytes;
-      taken.held = after.held - before.held;
-    }));
+    state.SetIterationTime(secondsOfThread(lumora::kov::java::Env));
   }
-  state.counters["allocations"] = static_cast<double>(taken.allocations);
-  state.counters["bytes"] = static_cast<double>(taken.bytes);
-  state.counters["held"] = static_cast<double>(taken.held);
+  bench::Memory taken;
+  std::thread([&] { taken = bench::memoryOf(lumora::kov::java::Env); }).join();
+  bench::report(state, taken);
 }
 
-void attachAndLookUp(JavaVM* vm, bench::RawLookUps*& found) {
+std::unique_ptr<bench::RawLookUps> attachAndLookUp(JavaVM* vm) {
   void* env = nullptr;
   vm->AttachCurrentThread(&env, nullptr);
-  found = new bench::RawLookUps(static_cast<JNIEnv*>(env));
+  return std::make_unique<bench::RawLookUps>(static_cast<JNIEnv*>(env));
 }
 
 void threadByHand(benchmark::State& state) {
   JavaVM* vm = nullptr;
   bench::raw().env->GetJavaVM(&vm);
-  bench::Memory taken;
   for (auto _ : state) {
     state.SetIterationTime(secondsOfThread([&] {
-      const bench::Memory before = bench::memoryOfThread();
-      bench::RawLookUps* found = nullptr;
-      attachAndLookUp(vm, found);
-      const bench::Memory after = bench::memoryOfThread();
+      const auto found = attachAndLookUp(vm);
       if (found->classes + found->members != 129) state.SkipWithError("not 129 look-ups");
-      delete found;
       vm->DetachCurrentThread();
-      taken.allocations = after.allocations - before.allocations;
-      taken.bytes = after.bytes - before.bytes;
-      taken.held = after.held - before.held;
     }));
   }
-  state.counters["allocations"] = static_cast<double>(taken.allocations);
-  state.counters["bytes"] = static_cast<double>(taken.bytes);
-  state.counters["held"] = static_cast<double>(taken.held);
+  bench::Memory taken;
+  std::thread([&] {
+    taken = bench::memoryOf([&] { return attachAndLookUp(vm); });
+    vm->DetachCurrentThread();
+  }).join();
+  bench::report(state, taken);
 }
 
 // That many threads that have their environment at the same time.

@@ -18,24 +18,25 @@ namespace bench {
 namespace {
 
 // In the program's own block of thread-local memory, so that touching it allocates nothing.
-constinit thread_local Memory mine{};
+constinit thread_local Memory* counting = nullptr;
 
 void* taken(void* memory, std::size_t size) noexcept {
-  if (memory != nullptr) {
-    ++mine.allocations;
-    mine.bytes += static_cast<std::int64_t>(size);
-    mine.held += static_cast<std::int64_t>(::malloc_usable_size(memory));
-  }
+  if (counting == nullptr || memory == nullptr) return memory;
+  ++counting->allocations;
+  counting->bytes += static_cast<std::int64_t>(size);
+  counting->held += static_cast<std::int64_t>(::malloc_usable_size(memory));
   return memory;
 }
 
 void given(void* memory) noexcept {
-  if (memory != nullptr) mine.held -= static_cast<std::int64_t>(::malloc_usable_size(memory));
+  if (counting == nullptr || memory == nullptr) return;
+  counting->held -= static_cast<std::int64_t>(::malloc_usable_size(memory));
 }
 
 }  // namespace
 
-Memory memoryOfThread() noexcept { return mine; }
+CountedMemory::CountedMemory() noexcept { counting = &counted; }
+CountedMemory::~CountedMemory() { counting = nullptr; }
 
 }  // namespace bench
 

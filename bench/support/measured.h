@@ -8,27 +8,26 @@
 
 namespace bench {
 
-// Runs `work` once for its memory, then as often as the benchmark wants for its time. Whatever
-// `work` returns is destroyed inside the measurement.
+inline void report(benchmark::State& state, const Memory& taken) {
+  state.counters["allocations"] = static_cast<double>(taken.allocations);
+  state.counters["bytes"] = static_cast<double>(taken.bytes);
+  state.counters["held"] = static_cast<double>(taken.held);
+}
+
+// Runs `work` once for its memory, then as often as the benchmark wants for its time, in which
+// nothing is counted. Whatever `work` returns is destroyed inside the measurement.
 //
-// Counters: "allocations" and "bytes" of one run; "held" is what is still allocated while its result
-// is alive.
+// Counters: "allocations" and "bytes" of one run; "held" is what is still allocated while its
+// result is alive.
 template <class Work>
 void measure(benchmark::State& state, Work work) {
   work();  // what is made only once is not the work's own
-  const Memory before = memoryOfThread();
-  Memory after;
-  {
-    [[maybe_unused]] const auto result = work();
-    after = memoryOfThread();
-  }
+  const Memory taken = memoryOf(work);
   for (auto _ : state) {
     auto result = work();
     benchmark::DoNotOptimize(result);
   }
-  state.counters["allocations"] = static_cast<double>(after.allocations - before.allocations);
-  state.counters["bytes"] = static_cast<double>(after.bytes - before.bytes);
-  state.counters["held"] = static_cast<double>(after.held - before.held);
+  report(state, taken);
 }
 
 }  // namespace bench
