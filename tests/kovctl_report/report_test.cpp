@@ -60,6 +60,13 @@ TEST(Html, JsonCannotEndItsElement) {
 }
 
 // FIPS 180-4's examples, and a million letters.
+TEST(Html, StyleStringsCannotEndThemselves) {
+  EXPECT_EQ(cssString("OR-C321 Größe"), "\"OR-C321 Größe\"");
+  EXPECT_EQ(cssString("a\"b\\c</style>\n"), "\"a\\22 b\\5c c\\3c /style\\3e \\a \"");
+  // A browser would turn these bytes into the same before it compares the policy's digest.
+  EXPECT_EQ(cssString("\xFF"), "\"\xEF\xBF\xBD\"");
+}
+
 TEST(Sha256, GivesThePublishedDigests) {
   EXPECT_EQ(sha256Hex(""), "e3b0c44298fc1c149afbf4c8996fb92427ae41e4649b934ca495991b7852b855");
   EXPECT_EQ(sha256Hex("abc"), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
@@ -79,6 +86,20 @@ TEST(Report, SaysTheVerdictFirst) {
   EXPECT_NE(html.find("data-outcome=\"pass\""), std::string::npos);
   EXPECT_NE(html.find("Within limits"), std::string::npos);
   EXPECT_EQ(count(html, "<h1>"), 1U);
+}
+
+TEST(Report, NamesTheMonitorOnEveryPage) {
+  const std::string style = between(renderReport(test::sampleCalibration()), "<style>", "</style>");
+  const std::string foot = between(style, "@bottom-left { content: \"", "\"");
+  EXPECT_EQ(foot, "Calibration report (simulated) · KV-320M A1200417 · 2026-11-21 08:29:31 UTC");
+}
+
+TEST(Report, SaysTheStateOnce) {
+  RunRecord record = test::sampleCalibration();
+  record.result.monitorState = MonitorState::kCalibrated;
+  record.result.monitorStateText = "calibrated: look-up table 0 holds it";
+  EXPECT_NE(renderReport(record).find("<strong>calibrated</strong> – <bdi>look-up table 0 holds"),
+            std::string::npos);
 }
 
 TEST(Report, HasEverySection) {

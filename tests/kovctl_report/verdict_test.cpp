@@ -39,9 +39,7 @@ const Criterion& of(const Verdict& verdict, Quantity quantity) {
   return verdict.criteria[static_cast<std::size_t>(quantity)];
 }
 
-Verdict verdictOn(const RunRecord& record) {
-  return judge(record, evaluate(record));
-}
+Verdict verdictOn(const RunRecord& record) { return judge(record, evaluate(record)); }
 
 TEST(Evaluation, AnExactScreenDeviatesByNothing) {
   const Evaluation e = evaluate(exact(15));
@@ -61,6 +59,8 @@ TEST(Evaluation, FiftyTwoPointsInformAndEighteenOfThemDecide) {
   ASSERT_TRUE(e.deciding && e.informing);
   EXPECT_EQ(e.deciding->steps.size(), 17U);
   EXPECT_EQ(e.informing->steps.size(), 51U);
+  EXPECT_EQ(verdictOn(exact(5)).criteria.front().note,
+            "18 levels decide; over 52 levels 0.00 %, for information");
 }
 
 TEST(Evaluation, ADeviationIsThatOfTheContrast) {

@@ -69,6 +69,15 @@ bool limitCounts(Quantity quantity, const RunRecord& record) {
          record.target.function == DisplayFunction::kDicom;
 }
 
+// What decides is measured coarsely on purpose: between levels that are close to each other, the
+// meter's own error is a large part of the difference.
+std::string finerLevels(const Evaluation& evaluation) {
+  if (!evaluation.informing || !evaluation.informing->largestDeviation) return {};
+  return fmt::format("{} levels decide; over {} levels {:.2f} %, for information", kDecidingPoints,
+                     evaluation.informing->steps.size() + 1,
+                     *evaluation.informing->largestDeviation * 100.0);
+}
+
 Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation& evaluation,
                    const LimitsProfile* profile) {
   Criterion criterion;
@@ -89,6 +98,7 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
   const bool within = limit->bound == Bound::kAtMost ? *criterion.value <= limit->value
                                                      : *criterion.value >= limit->value;
   criterion.outcome = within ? Outcome::kPass : Outcome::kFail;
+  if (quantity == Quantity::kContrastResponse) criterion.note = finerLevels(evaluation);
   return criterion;
 }
 

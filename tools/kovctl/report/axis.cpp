@@ -43,6 +43,16 @@ std::string dateLabel(double seconds) {
   return fmt::format("{:04}-{:02}-{:02}", yearOfEra + era * 400 + (month <= 2 ? 1 : 0), month, day);
 }
 
+// "11-21 08:25"
+std::string minuteLabel(double seconds) {
+  const auto minutes = static_cast<long long>(std::floor(seconds / 60.0));
+  const long long ofDay = ((minutes % 1440) + 1440) % 1440;
+  return fmt::format("{} {:02}:{:02}", dateLabel(seconds).substr(5), ofDay / 60, ofDay % 60);
+}
+
+// A label is written around its mark, and must not leave the picture.
+constexpr double kTimeMargin = 0.07;
+
 }  // namespace
 
 double roundStep(double value) {
@@ -55,6 +65,11 @@ double roundStep(double value) {
 std::string formatNumber(double value) {
   const std::string text = fmt::format("{:.6g}", value == 0.0 ? 0.0 : value);
   return text.front() == '-' ? "−" + text.substr(1) : text;
+}
+
+std::string percentText(const std::optional<double>& share) {
+  if (!share) return {};
+  return (*share < 0.0 ? "−" : "+") + fmt::format("{:.2f} %", std::abs(*share) * 100.0);
 }
 
 Axis Axis::linear(double low, double high, int ticks) {
@@ -104,6 +119,7 @@ Axis Axis::logarithmic(double low, double high) {
 Axis Axis::time(double low, double high) {
   constexpr double kSteps[] = {1.0, 2.0, 7.0, 14.0, 30.0, 61.0, 91.0, 182.0, 365.0, 730.0, 1826.0};
   constexpr double kMostSteps = 4.0;
+  if (high > low && high - low < kDay) return timeOfDay(low, high);
   double from = std::floor(low / kDay);
   double to = std::ceil(high / kDay);
   if (!(to > from)) {
@@ -113,10 +129,29 @@ Axis Axis::time(double low, double high) {
   const auto fits = [&](double step) { return (to - from) / step <= kMostSteps; };
   const auto* found = std::find_if(std::begin(kSteps), std::end(kSteps), fits);
   const double step = found == std::end(kSteps) ? std::ceil((to - from) / kMostSteps) : *found;
-  const double margin = 0.03 * (to - from);
+  const double margin = kTimeMargin * (to - from);
   Axis axis(Scale::kTime, (from - margin) * kDay, (to + margin) * kDay);
   for (double day = from; day <= to; day += step)
     axis.marks.push_back({day * kDay, dateLabel(day * kDay)});
+  return axis;
+}
+
+// Runs of one day: dates alone would all be the same.
+Axis Axis::timeOfDay(double low, double high) {
+  constexpr double kSteps[] = {60.0, 300.0, 900.0, 1800.0, 3600.0, 7200.0, 10800.0, 21600.0};
+  constexpr double kMostSteps = 3.0;
+  double step = kDay / 2.0;
+  for (const double shorter : kSteps) {
+    if (std::ceil(high / shorter) - std::floor(low / shorter) > kMostSteps) continue;
+    step = shorter;
+    break;
+  }
+  const double from = std::floor(low / step) * step;
+  const double to = std::ceil(high / step) * step;
+  const double margin = kTimeMargin * (to - from);
+  Axis axis(Scale::kTime, from - margin, to + margin);
+  for (double moment = from; moment <= to; moment += step)
+    axis.marks.push_back({moment, minuteLabel(moment)});
   return axis;
 }
 

@@ -2,6 +2,7 @@
 #ifndef L5KOV_TOOLS_KOVCTL_REPORT_AXIS_H_
 #define L5KOV_TOOLS_KOVCTL_REPORT_AXIS_H_
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,7 @@ class Axis {
   /// range of nothing is widened; values outside 1e-9 to 1e12 have no place on it.
   static Axis logarithmic(double low, double high);
 
-  /// Seconds since 1970 (UTC), with days, months or years marked.
+  /// Seconds since 1970 (UTC), with minutes, days, months or years marked.
   static Axis time(double low, double high);
 
   /// 0 at the low end, 1 at the high end.
@@ -40,6 +41,8 @@ class Axis {
   const std::vector<Tick>& ticks() const { return marks; }
 
  private:
+  static Axis timeOfDay(double low, double high);
+
   Axis(Scale scale, double low, double high) : kind(scale), from(low), to(high) {}
 
   Scale kind;
@@ -53,6 +56,9 @@ double roundStep(double value);
 
 /// A number as short as can be with at most six significant digits, with a true minus sign.
 std::string formatNumber(double value);
+
+/// A share as a difference in per cent, with its sign; empty where there is none.
+std::string percentText(const std::optional<double>& share);
 
 }  // namespace kovctl
 

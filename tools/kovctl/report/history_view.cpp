@@ -7,6 +7,22 @@
 #include "record/text_form.h"
 
 namespace kovctl {
+namespace {
+
+// The longest from the start of a run to what the monitor writes down at its end.
+constexpr double kLongestRun = 2.0 * 3600.0;
+
+// Whether the monitor's own entry tells of the run that has left a record, which tells more.
+bool isOfRun(const HistoryPoint& entry, const HistoryPoint& run) {
+  if (entry.source != "monitor" || run.source != "record") return false;
+  const auto written = momentOf(entry.time);
+  const auto started = momentOf(run.time);
+  return written && started && *written >= *started && *written - *started <= kLongestRun &&
+         entry.lutNumber == run.lutNumber && entry.targetLmax == run.targetLmax &&
+         entry.photoSensor == run.photoSensor && entry.performer == run.performer;
+}
+
+}  // namespace
 
 std::optional<double> momentOf(std::string_view time) {
   if (const auto seconds = secondsOf(time)) return seconds;
@@ -24,8 +40,12 @@ std::vector<HistoryPoint> allHistory(const RunRecord& record,
     return momentOf(a.time) < momentOf(b.time);  // nothing is before everything
   });
   std::vector<HistoryPoint> unique;
-  for (const HistoryPoint& point : points)
-    if (std::find(unique.begin(), unique.end(), point) == unique.end()) unique.push_back(point);
+  for (const HistoryPoint& point : points) {
+    const bool told = std::any_of(points.begin(), points.end(),
+                                  [&](const HistoryPoint& run) { return isOfRun(point, run); });
+    const bool listed = std::find(unique.begin(), unique.end(), point) != unique.end();
+    if (!told && !listed) unique.push_back(point);
+  }
   return unique;
 }
 

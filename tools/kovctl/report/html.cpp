@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "report/html.h"
 
+#include <fmt/format.h>
+
 #include <cstddef>
 
 namespace kovctl {
@@ -54,9 +56,16 @@ void appendByte(std::string& out, char c) {
   }
 }
 
-}  // namespace
+void appendCssByte(std::string& out, char c) {
+  const bool special = c == '"' || c == '\\' || c == '<' || c == '>' || c == '&';
+  if (special || isControl(c) || c == '\t' || c == '\n')
+    out += fmt::format("\\{:x} ", static_cast<unsigned char>(c));
+  else
+    out += c;
+}
 
-std::string escapeHtml(std::string_view text) {
+// The bytes of the text one by one, but whole characters beyond ASCII as they are.
+std::string escaped(std::string_view text, void (*append)(std::string&, char)) {
   std::string out;
   out.reserve(text.size());
   while (!text.empty()) {
@@ -64,7 +73,7 @@ std::string escapeHtml(std::string_view text) {
     if (length == 0)
       out += kReplacement;
     else if (length == 1)
-      appendByte(out, text[0]);
+      append(out, text[0]);
     else
       out += text.substr(0, length);
     text.remove_prefix(length == 0 ? 1 : length);
@@ -72,10 +81,16 @@ std::string escapeHtml(std::string_view text) {
   return out;
 }
 
+}  // namespace
+
+std::string escapeHtml(std::string_view text) { return escaped(text, appendByte); }
+
 std::string outsideText(std::string_view text) {
   if (text.empty()) return "<span class=\"none\">–</span>";
   return "<bdi>" + escapeHtml(text) + "</bdi>";
 }
+
+std::string cssString(std::string_view text) { return "\"" + escaped(text, appendCssByte) + "\""; }
 
 std::string escapeJsonForScript(std::string_view json) {
   std::string out;

@@ -15,6 +15,10 @@ std::string escapeHtml(std::string_view text);
 /// its surroundings; a dash where it is empty.
 std::string outsideText(std::string_view text);
 
+/// A text from outside as a string of a style sheet, with its quotes: nothing in it can end the
+/// string or the element.
+std::string cssString(std::string_view text);
+
 /// A JSON text for the inside of a script element: nothing in it can end the element.
 std::string escapeJsonForScript(std::string_view json);
 

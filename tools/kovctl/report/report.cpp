@@ -33,6 +33,18 @@ std::vector<Chart> chartsOf(const ReportView& view) {
   return charts;
 }
 
+// On paper every page says which monitor it is about.
+std::string pageFoot(const RunRecord& record) {
+  const std::string text = reportName(record) + (record.simulated ? " (simulated)" : "") + " · " +
+                           record.monitor.model + " " + record.monitor.serial + " · " +
+                           readableTime(record.endTime);
+  return fmt::format(
+      "@page {{ @bottom-left {{ content: {}; font: 8pt sans-serif; color: #5a6675; }}\n"
+      "@bottom-right {{ content: counter(page) \" / \" counter(pages); font: 8pt sans-serif; "
+      "color: #5a6675; }} }}\n",
+      cssString(text));
+}
+
 // The licence goes where the code goes.
 std::string scriptText() {
   if (!hasInteractiveCharts()) return {};
@@ -70,14 +82,13 @@ std::string dataElements(const ReportView& view, const std::vector<Chart>& chart
 
 }  // namespace
 
-bool hasInteractiveCharts() {
-  return !uplotScript().empty();
-}
+bool hasInteractiveCharts() { return !uplotScript().empty(); }
 
 std::string renderReport(const RunRecord& record, const std::vector<HistoryPoint>& history) {
   const ReportView view = viewOf(record, history);
   const std::vector<Chart> charts = chartsOf(view);
-  const std::string style = std::string(styleSheet()) + std::string(uplotStyleSheet());
+  const std::string style =
+      std::string(styleSheet()) + std::string(uplotStyleSheet()) + pageFoot(record);
   const std::string script = scriptText();
   std::string html = head(record, style, script);
   html += record.simulated ? "<body class=\"is-simulated\">\n<main>\n" : "<body>\n<main>\n";

@@ -34,8 +34,9 @@ std::string monitorList(const MonitorInfo& monitor) {
   list += textEntry("Package", monitor.package) + textEntry("Colour type", monitor.colorType) +
           textEntry("Connection", monitor.connection) +
           numberEntry("Working hours", monitor.workingHours, " h");
-  const std::string index = monitor.lutIndex ? fmt::format("{} ", *monitor.lutIndex) : "";
-  return list + entry("Look-up table", index + outsideText(monitor.lutName));
+  std::string table = monitor.lutIndex ? fmt::format("{}", *monitor.lutIndex) : "";
+  if (!monitor.lutName.empty() || table.empty()) table += " " + outsideText(monitor.lutName);
+  return list + entry("Look-up table", table);
 }
 
 std::string instrumentList(const InstrumentInfo& instrument) {
@@ -73,11 +74,6 @@ std::string row(std::string_view name, const std::string& target, const std::str
 
 std::string luminance(const std::optional<double>& value) {
   return value ? fmt::format("{:.5g} cd/m²", *value) : std::string();
-}
-
-std::string percent(const std::optional<double>& value) {
-  if (!value) return {};
-  return (*value < 0.0 ? "−" : "+") + fmt::format("{:.2f} %", std::abs(*value) * 100.0);
 }
 
 std::string colour(const std::optional<UniformChromaticity>& value) {
@@ -134,11 +130,11 @@ std::string targetSection(const ReportView& view) {
       "<th scope=\"col\" class=\"num\">Result</th><th scope=\"col\" class=\"num\">Difference</th>"
       "</tr></thead><tbody>\n";
   html += row("Display function", escapeHtml(functionText(target)), "", "");
-  html +=
-      row("Maximum luminance", luminance(target.lmax), luminance(e.lmax), percent(e.lmaxDeviation));
+  html += row("Maximum luminance", luminance(target.lmax), luminance(e.lmax),
+              percentText(e.lmaxDeviation));
   html += row("Minimum luminance",
               target.useMeasuredLmin ? std::string("as measured") : luminance(target.lmin),
-              luminance(e.lmin), percent(e.lminDeviation));
+              luminance(e.lmin), percentText(e.lminDeviation));
   if (result.lmin)
     html += row("Minimum luminance, as the library reports it", "", luminance(result.lmin), "");
   html += row("Ambient light", luminance(target.ambient), "", "");

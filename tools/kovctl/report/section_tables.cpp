@@ -3,6 +3,7 @@
 
 #include "metrics/target_curve.h"
 #include "record/run_record_json.h"
+#include "report/axis.h"
 #include "report/html.h"
 #include "report/sections.h"
 
@@ -35,7 +36,8 @@ std::string optionalCell(const std::optional<T>& value, const char* format = "{}
 
 std::string historyRow(const HistoryPoint& p) {
   const std::string passed = !p.passed ? "–" : *p.passed ? "✓ within" : "✕ outside";
-  return "<tr><td>" + outsideText(p.time) + "</td>" + optionalCell(p.lutNumber) +
+  const std::string table = p.lutNumber ? fmt::format("{}", *p.lutNumber - 1) : "";
+  return "<tr><td>" + outsideText(readableTime(p.time)) + "</td>" + cell(table) +
          optionalCell(p.workingHours) + optionalCell(p.targetLmax, "{:.4g}") +
          optionalCell(p.measuredLmax, "{:.5g}") + optionalCell(p.measuredLmin, "{:.4g}") +
          optionalCell(p.photoSensor) +
@@ -54,9 +56,8 @@ std::optional<double> wantedAt(const PatchResult& patch, const std::optional<Tar
 std::string pointRow(const PatchResult& p, const std::optional<double>& wanted) {
   const std::string rgb =
       p.r == p.g && p.g == p.b ? fmt::format("{}", p.r) : fmt::format("{} {} {}", p.r, p.g, p.b);
-  const std::string difference =
-      wanted && *wanted > 0.0 ? fmt::format("{:+.2f} %", (p.luminance / *wanted - 1.0) * 100.0)
-                              : "";
+  std::optional<double> difference;
+  if (wanted && *wanted > 0.0) difference = p.luminance / *wanted - 1.0;
   std::string colour = cell("") + cell("");
   if (p.chromaticity)
     colour = cell(fmt::format("{:.4f}", p.chromaticity->x)) +
@@ -65,7 +66,7 @@ std::string pointRow(const PatchResult& p, const std::optional<double>& wanted) 
                      p.sequence) +
          cell(rgb) + cell(fmt::format("{:.1f}", p.time)) +
          cell(fmt::format("{:.4f}", p.luminance)) + colour + optionalCell(wanted, "{:.4f}") +
-         cell(difference) + "</tr>\n";
+         cell(percentText(difference)) + "</tr>\n";
 }
 
 constexpr std::string_view kPointsHead =

@@ -43,6 +43,14 @@ std::string criterionRow(const Criterion& criterion) {
       escapeHtml(value), escapeHtml(limit), text.css, text.sign, text.criterion, note);
 }
 
+// The text may begin with the state's own name: "calibrated: look-up table 0 …".
+std::string stateDetail(const RunResult& result) {
+  const std::string name = std::string(nameOf(result.monitorState)) + ": ";
+  const std::string& text = result.monitorStateText;
+  if (text.empty()) return {};
+  return " – " + outsideText(text.rfind(name, 0) == 0 ? text.substr(name.size()) : text);
+}
+
 std::string stateSentence(const RunRecord& record) {
   std::string text;
   if (record.result.error) {
@@ -53,9 +61,7 @@ std::string stateSentence(const RunRecord& record) {
   const bool unknown = record.result.monitorState == MonitorState::kUnknown;
   return text + fmt::format("<p class=\"{}\">State of the monitor: <strong>{}</strong>{}</p>\n",
                             unknown ? "state error" : "state", nameOf(record.result.monitorState),
-                            record.result.monitorStateText.empty()
-                                ? std::string()
-                                : " – " + outsideText(record.result.monitorStateText));
+                            stateDetail(record.result));
 }
 
 }  // namespace

@@ -70,7 +70,7 @@ std::vector<HistoryPoint> earlierRuns(const std::string& folder, const RunRecord
       const bool same = run.monitor.model == of.monitor.model &&
                         run.monitor.serial == of.monitor.serial &&
                         run.monitor.lutIndex == of.monitor.lutIndex;
-      if (same && run.startTime != of.startTime) points.push_back(pointOf(run));
+      if (same && run.startTime < of.startTime) points.push_back(pointOf(run));
     } catch (const RunRecordError&) {
       // Another program's file.
     }
