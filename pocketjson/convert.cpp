@@ -6,6 +6,16 @@
 #include "pocketjson/scalar_text.h"
 
 namespace pocketjson {
+namespace {
+
+// Halves away from zero. Not std::round: mingw's makes 1 of the greatest number below 0.5. The
+// difference is exact; that of an infinity is no number, so it stays one.
+double roundHalvesAway(double number) noexcept {
+  const double whole = std::trunc(number);
+  return std::fabs(number - whole) >= 0.5 ? whole + std::copysign(1.0, number) : whole;
+}
+
+}  // namespace
 
 bool Value::asBool(bool byDefault) const noexcept {
   switch (tag) {
@@ -32,7 +42,7 @@ int Value::asInt(int byDefault) const noexcept {
                  ? static_cast<int>(payload.integer)
                  : byDefault;
     case Double: {
-      const double rounded = std::round(payload.real);
+      const double rounded = roundHalvesAway(payload.real);
       return rounded >= kSmallestInt && rounded <= kLargestInt ? static_cast<int>(rounded)
                                                                : byDefault;
     }
