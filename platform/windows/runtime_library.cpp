@@ -3,32 +3,17 @@
 
 #include "platform/platform.h"
 #include "platform/windows/encoding.h"
+#include "platform/windows/pinned_module.h"
 
 namespace lumora::platform {
-namespace {
 
-// Keeps the module that holds `address` in the process until it ends. Never released: once a thread
-// has an environment of ours, its end runs our code, and a module that is gone by then hangs the
-// thread.
-void pinModuleOf(const void* address) {
-  HMODULE module = nullptr;
-  ::GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_PIN | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS,
-                       static_cast<const wchar_t*>(address), &module);
-}
-
-const char pinned = 0;  // an address inside this module
-
-}  // namespace
-
-// Everything that leaves something of ours on a thread begins here, so this is where this library
-// makes sure that it stays. The runtime stays too: the virtual machine is never destroyed, and its
-// threads run that code when the library is given back.
+// The runtime stays: the virtual machine is never destroyed, and its threads run that code when the
+// library is given back.
 RuntimeLibrary loadRuntimeLibrary(const std::string& path) {
-  pinModuleOf(&pinned);
   // The plain call: what the runtime itself needs is searched beside the host and in the system's
   // folders, not beside jvm.dll.
   const HMODULE library = ::LoadLibraryW(windows::wideFromUtf8(path).c_str());
-  if (library != nullptr) pinModuleOf(library);
+  if (library != nullptr) windows::pinModuleOf(library);
   return library;
 }
 

@@ -4,6 +4,7 @@
 #include <new>
 
 #include "platform/platform.h"
+#include "platform/windows/pinned_module.h"
 
 // The system's own slots and not thread_local: mingw keeps thread_local objects in memory that is
 // given back, at the end of a thread, before their destructors run.
@@ -31,8 +32,13 @@ void NTAPI atEnd(void* function) {
   reinterpret_cast<void (*)()>(function)();
 }
 
+// The module is pinned before any thread's end can call into it: a thread that ends after the
+// module has gone would hang or crash. Everything else that leaves something of ours on a thread or
+// in the virtual machine comes after callAtThreadEnd(), so this one place is enough.
 DWORD endIndex() noexcept {
-  static const DWORD index = ::FlsAlloc(&atEnd);
+  static const DWORD index =
+      windows::pinModuleOf(reinterpret_cast<const void*>(&atEnd)) ? ::FlsAlloc(&atEnd)
+                                                                  : FLS_OUT_OF_INDEXES;
   return index;
 }
 
