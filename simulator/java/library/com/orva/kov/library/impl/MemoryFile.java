@@ -9,6 +9,7 @@ import java.nio.file.Files;
 import java.nio.file.Path;
 import java.nio.file.StandardCopyOption;
 import java.util.Properties;
+import java.util.concurrent.atomic.AtomicInteger;
 
 /**
  * A monitor's memory as a file of the state folder, so that the monitor is the same one in the next
@@ -18,6 +19,12 @@ import java.util.Properties;
 final class MemoryFile {
   private static final String FORMAT = "1";
   private static final String[] COLOURS = {"red", "green", "blue"};
+
+  // Names of the files being written, one writer's each. Not Files.createTempFile: the random
+  // numbers in its names are seeded from the machine's network adapters where the runtime has no
+  // generator of the system's, and Wine 8 lacks a call for that.
+  private static final long PROCESS = ProcessHandle.current().pid();
+  private static final AtomicInteger PARTS = new AtomicInteger();
 
   private final Path file;
   private boolean writable = true;
@@ -47,7 +54,7 @@ final class MemoryFile {
     Path part = null;
     try {
       Files.createDirectories(file.getParent());
-      part = Files.createTempFile(file.getParent(), "memory", ".part");
+      part = file.resolveSibling("memory" + PROCESS + "-" + PARTS.incrementAndGet() + ".part");
       try (Writer writer = Files.newBufferedWriter(part, StandardCharsets.UTF_8)) {
         format(memory).store(writer, null);
       }
