@@ -1,19 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What the compiler lays out here is what a Windows host built with MSVC expects of the library.
-#include <l5kov.h>
-
-namespace {
+#include "record_layouts.h"
 
 static_assert(sizeof(long) == 4 && sizeof(void*) == 8);
-static_assert(sizeof(lumora::Monitor) == 16);
-static_assert(sizeof(lumora::kov::KovMonitorManager) == 24);
-static_assert(sizeof(lumora::kov::PatchRecord) == 144);
-static_assert(sizeof(pocketjson::Value) == 16);
-static_assert(sizeof(OMC_USAGETIME) == 8);
-static_assert(sizeof(lumora::MonitorControl) == 8);
-static_assert(sizeof(lumora::kov::KovCalibratorDelegate) == 8);
-
-}  // namespace
+static_assert(l5kovlayouts::kExceptionSize == 24);
 
 // A virtual table is laid out with the constructor that needs it.
 lumora::MonitorControl::MonitorControl() {}
