@@ -2,7 +2,6 @@
 // The handle with a host's own control: what it owns, and that it forwards everything unchanged.
 #include <gtest/gtest.h>
 
-#include <new>
 #include <stdexcept>
 #include <thread>
 #include <type_traits>
@@ -10,12 +9,10 @@
 #include <vector>
 
 #include "l5kov.h"
-#include "tests/monitor/failing_new.h"
 #include "tests/monitor/host_control.h"
 
 namespace {
 
-using kovtest::FailingNew;
 using kovtest::HostControl;
 using kovtest::HostControlRecord;
 using lumora::Monitor;
@@ -110,20 +107,6 @@ TEST(MonitorHandle, SelfAssignmentByCopyOrMoveLeavesTheHandleUnchanged) {
     EXPECT_EQ(monitor.getConnectionType(), "getConnectionType");
   }
   EXPECT_EQ(record.destroyed, 1);
-}
-
-TEST(MonitorHandle, ControlIsDestroyedWhenItsShareCountCannotBeMade) {
-  HostControlRecord record;
-  auto* const control = new HostControl(record);
-  {
-    const FailingNew noMemory(0);
-    try {
-      const Monitor monitor(control);
-    } catch (const std::bad_alloc&) {
-      ++record.destroyed;  // one for the exception, on top of the destructor's one
-    }
-  }
-  EXPECT_EQ(record.destroyed, 2);
 }
 
 TEST(MonitorHandle, CopiesMayBeMadeAndDestroyedOnManyThreads) {

@@ -2,7 +2,6 @@
 // The table that maps models to packages, as getPackageName() reads it.
 #include <gtest/gtest.h>
 
-#include "tests/monitor/failing_new.h"
 #include "tests/monitor/name_table_fixture.h"
 
 namespace {
@@ -182,15 +181,6 @@ TEST_F(NameTable, LargeTableIsRead) {
   EXPECT_EQ(packageOf("M0"), "Large");
   EXPECT_EQ(packageOf("M19999"), "Large");
   EXPECT_EQ(packageOf("M20000"), "noPackage");
-}
-
-// The file's size is asked for and a buffer of that size is made.
-TEST_F(NameTable, HugeFileForWhichThereIsNoMemoryGivesNoPackage) {
-  write(table(package("Alpha", model("L5-X240"))));
-  constexpr std::uintmax_t kHuge = std::uintmax_t{1} << 31;
-  std::filesystem::resize_file(file, kHuge);  // sparse
-  const FailingNew noMemory(static_cast<std::size_t>(kHuge) / 2);
-  EXPECT_EQ(packageOf("L5-X240"), "noPackage");
 }
 
 TEST_F(NameTable, EditsShowWithoutARestart) {

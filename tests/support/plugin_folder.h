@@ -37,10 +37,14 @@ std::filesystem::path runtimeLibrary();
 // Makes a folder that libl5kov will take for the machine-wide application-data folder.
 std::filesystem::path makeRoot();
 void removeRoot(const std::filesystem::path& root);
+// Makes libl5kov take this folder for it; where the system's own cannot be told, throws.
+void setRoot(const std::filesystem::path& root);
 // Puts the library where libl5kov looks for it; a link where the system loads both as one.
 void place(const std::filesystem::path& library, const std::filesystem::path& at);
 // Throws std::runtime_error with the system's reason.
 void* load(const std::filesystem::path& library, const char* symbol);
+// The symbol of a library that the process has loaded, or null.
+void* loadedSymbol(const std::filesystem::path& library, const char* symbol);
 
 }  // namespace system
 

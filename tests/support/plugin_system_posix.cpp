@@ -27,6 +27,10 @@ void removeRoot(const fs::path& root) {
   fs::remove_all(root, ignored);
 }
 
+void setRoot(const fs::path& root) {
+  ::setenv("L5KOV_COMMON_APPDATA", root.c_str(), 1);
+}
+
 // The loader knows a file by its inode: the link and the library are one module.
 void place(const fs::path& library, const fs::path& at) { fs::create_symlink(library, at); }
 
@@ -36,6 +40,11 @@ void* load(const fs::path& library, const char* symbol) {
   void* const address = module == nullptr ? nullptr : ::dlsym(module, symbol);
   if (address == nullptr) throw std::runtime_error(::dlerror());
   return address;
+}
+
+void* loadedSymbol(const fs::path& library, const char* symbol) {
+  void* const module = ::dlopen(library.c_str(), RTLD_NOW | RTLD_NOLOAD);
+  return module == nullptr ? nullptr : ::dlsym(module, symbol);
 }
 
 }  // namespace kovtest::system
