@@ -15,6 +15,7 @@
 
 extern "C" __declspec(dllimport) BOOL NTAPI
     RtlIsCriticalSectionLockedByThread(RTL_CRITICAL_SECTION* section);
+extern "C" __declspec(dllimport) void* NTAPI RtlGetCurrentPeb();
 
 namespace {
 
@@ -188,7 +189,7 @@ TEST(WindowsThread, EndLeavesTheLoaderFree) {
   static BOOL held = TRUE;
   std::thread([] {
     platform::callAtThreadEnd([] {
-      const auto* block = reinterpret_cast<const char*>(__readgsqword(0x60));
+      const auto* block = static_cast<const char*>(::RtlGetCurrentPeb());
       auto* lock = *reinterpret_cast<RTL_CRITICAL_SECTION* const*>(block + 0x110);
       held = ::RtlIsCriticalSectionLockedByThread(lock);
     });
