@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
+#include <stdlib.h>
 
 #include "doctor/catalogue.h"
 #include "doctor/java_release.h"
@@ -78,10 +79,18 @@ TEST(Probe, FindsWhatTheRuntimeComplainsOf) {
             2U);
 }
 
+void setTimeZone(const char* zone) {
+#ifdef _WIN32
+  ::_putenv_s("TZ", zone);
+#else
+  ::setenv("TZ", zone, 1);
+#endif
+}
+
 TEST(HistoryTimes, KeepWhatIsNoDate) {
   EXPECT_EQ(utcOf("yesterday"), "yesterday");
   EXPECT_EQ(utcOf("2026-01-31 12:00:00 CET"), "2026-01-31 12:00:00 CET");
-  ::setenv("TZ", "UTC0", 1);
+  setTimeZone("UTC0");
   EXPECT_EQ(utcOf("2026-01-31 12:00:00"), "2026-01-31T12:00:00Z");
 }
 
