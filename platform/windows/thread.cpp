@@ -36,9 +36,9 @@ void NTAPI atEnd(void* function) {
 // module has gone would hang or crash. Everything else that leaves something of ours on a thread or
 // in the virtual machine comes after callAtThreadEnd(), so this one place is enough.
 DWORD endIndex() noexcept {
-  static const DWORD index =
-      windows::pinModuleOf(reinterpret_cast<const void*>(&atEnd)) ? ::FlsAlloc(&atEnd)
-                                                                  : FLS_OUT_OF_INDEXES;
+  static const DWORD index = windows::pinModuleOf(reinterpret_cast<const void*>(&atEnd))
+                                 ? ::FlsAlloc(&atEnd)
+                                 : FLS_OUT_OF_INDEXES;
   return index;
 }
 

@@ -83,7 +83,8 @@ TEST_F(StartUpFailure, DeleteJavaVmDoesNothingWhenTheSearchExportIsMissing) {
 
 TEST_F(StartUpFailure, PassesThroughTheExportedOperationsUnchanged) {
   EXPECT_EQ(messageOf<std::runtime_error>([] { KovMonitorManager::get().find(); }), kStartUpFailed);
-  EXPECT_EQ(messageOf<std::runtime_error>([] { KovMonitorManager::get().getMonitors(); }), kStartUpFailed);
+  EXPECT_EQ(messageOf<std::runtime_error>([] { KovMonitorManager::get().getMonitors(); }),
+            kStartUpFailed);
 }
 
 }  // namespace

@@ -12,9 +12,7 @@
 namespace kovctl {
 namespace {
 
-TEST(Catalogue, HasAllMembers) {
-  EXPECT_EQ(catalogue().size(), 112U);
-}
+TEST(Catalogue, HasAllMembers) { EXPECT_EQ(catalogue().size(), 112U); }
 
 TEST(JavaRelease, IsReadFromItsFile) {
   const JavaRelease release = JavaRelease::parse(
@@ -41,9 +39,7 @@ std::string smallZip() {
   return local + entry + end;
 }
 
-TEST(ZipFile, CountsItsEntries) {
-  EXPECT_EQ(zipEntries(smallZip()), 1);
-}
+TEST(ZipFile, CountsItsEntries) { EXPECT_EQ(zipEntries(smallZip()), 1); }
 
 TEST(ZipFile, NoticesDamage) {
   const std::string whole = smallZip();

@@ -27,9 +27,7 @@ void removeRoot(const fs::path& root) {
   fs::remove_all(root, ignored);
 }
 
-void setRoot(const fs::path& root) {
-  ::setenv("L5KOV_COMMON_APPDATA", root.c_str(), 1);
-}
+void setRoot(const fs::path& root) { ::setenv("L5KOV_COMMON_APPDATA", root.c_str(), 1); }
 
 // The loader knows a file by its inode: the link and the library are one module.
 void place(const fs::path& library, const fs::path& at) { fs::create_symlink(library, at); }

@@ -23,9 +23,7 @@ fs::path shellsFolder() {
 
 }  // namespace
 
-fs::path runtimeLibrary() {
-  return "jre/bin/server/jvm.dll";
-}
+fs::path runtimeLibrary() { return "jre/bin/server/jvm.dll"; }
 
 // The library asks the shell, so tests need a machine (a Wine prefix) whose shell takes the folder
 // from this variable: "User Shell Folders", "Common AppData", %L5KOV_COMMON_APPDATA%. Elsewhere all
@@ -35,8 +33,8 @@ fs::path makeRoot() {
   fs::path own;
   int roots = 0;
   do {
-    own = fs::temp_directory_path() / ("l5kov-test-" + std::to_string(::GetCurrentProcessId()) +
-                                       "-" + std::to_string(++roots));
+    own = fs::temp_directory_path() /
+          ("l5kov-test-" + std::to_string(::GetCurrentProcessId()) + "-" + std::to_string(++roots));
   } while (!fs::create_directory(own));
   ::SetEnvironmentVariableW(L"L5KOV_COMMON_APPDATA", own.c_str());
   const fs::path folder = shellsFolder();

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The application-data folder as the shell tells it, seen through the shipped library: beyond ASCII,
-// beyond the ANSI code page, missing, held by someone else. (The superuser of the system below Wine
-// may read everything, so a file that may not be read is one that another program holds alone.)
+// The application-data folder as the shell tells it, seen through the shipped library: beyond
+// ASCII, beyond the ANSI code page, missing, held by someone else. (The superuser of the system
+// below Wine may read everything, so a file that may not be read is one that another program holds
+// alone.)
 #include <windows.h>
 //
 

@@ -42,9 +42,7 @@ std::string utf8(const fs::path& path) {
 }
 
 using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-File open(const fs::path& path) {
-  return {platform::openFile(utf8(path)), &std::fclose};
-}
+File open(const fs::path& path) { return {platform::openFile(utf8(path)), &std::fclose}; }
 
 // Whether the shell takes its folder from the variable, as tests/windows/wine.sh arranges it.
 bool shellFollows(const fs::path& folder) {
@@ -161,9 +159,7 @@ TEST(WindowsRuntimeOption, IsHandedOnUnchanged) {
   EXPECT_EQ(platform::runtimeOption("-Dp=C:\\a;C:\\b;"), "-Dp=C:\\a;C:\\b;");
 }
 
-TEST(WindowsProcess, IsNotEndingWhileItRuns) {
-  EXPECT_FALSE(platform::processIsEnding());
-}
+TEST(WindowsProcess, IsNotEndingWhileItRuns) { EXPECT_FALSE(platform::processIsEnding()); }
 
 int ends = 0;
 
