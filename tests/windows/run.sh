@@ -1,8 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Installs what is missing, cross-builds for Windows, runs the tests under Wine and compares the list
-# of tests with that of a build for this system.
+# Installs what is missing, cross-builds for Windows, runs the tests under Wine (over the fake Java
+# runtime and over real ones) and compares the list of tests with that of a build for this system.
 #   tests/windows/run.sh [LINUX-BUILD] [ctest arguments]     (default of LINUX-BUILD: build/test)
+# WINEPREFIX: default build/wine-prefix; made on first use. To be run by one at a time.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 cd "$root"
@@ -12,18 +13,26 @@ build=build/windows-cross
 jobs=${jobs:-$(nproc)}
 export WINEPREFIX=${WINEPREFIX:-$root/build/wine-prefix}
 
+if [ ! -e "$native/CTestTestfile.cmake" ]; then
+  echo "$native is no build to compare the list of tests with (./test makes build/test)" >&2
+  exit 2
+fi
+
 mkdir -p build
 cmake/toolchains/windows-dependencies.sh "$root/build/windows-sysroot"
-cmake --preset windows-cross >"$build.configure.log" 2>&1 ||
-  { cat "$build.configure.log" >&2; exit 1; }
+
+. tests/windows/wineserver.sh
+start_wineserver
+trap stop_wineserver EXIT
+tests/windows/wine.sh cmd /c exit
+rm -rf "$WINEPREFIX"/drive_c/users/*/Temp/*
+
+launcher=$(command -v ccache || true)
+cmake --preset windows-cross -DCMAKE_CXX_COMPILER_LAUNCHER="$launcher" \
+  >"$build.configure.log" 2>&1 || { cat "$build.configure.log" >&2; exit 1; }
 cmake --build "$build" -j "$jobs"
 
-# A loaded machine makes Wine slow; a test that hangs still ends.
 status=0
-ctest --test-dir "$build" -j "$jobs" --output-on-failure --no-tests=error --timeout 300 "$@" ||
-  status=$?
-if [ -e "$native/CTestTestfile.cmake" ]; then
-  tests/windows/compare_lists.sh "$native" "$build" || status=$?
-fi
-PATH=/usr/lib/wine:$PATH wineserver -k 2>/dev/null || /usr/lib/wine/wineserver64 -k || true
+ctest --test-dir "$build" -j "$jobs" --output-on-failure --no-tests=error "$@" || status=1
+tests/windows/compare_lists.sh "$native" "$build" || status=1
 exit "$status"

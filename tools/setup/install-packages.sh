@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # Installs the Debian packages that are missing.
-#   install-packages.sh build|test|all|bench   (test includes build, all includes test,
-#                                             bench includes build)
+#   install-packages.sh build|test|windows|all|bench
+# test, windows and bench include build; all includes test and windows.
 # Does nothing, and needs no privileges, where everything is there.
 set -euo pipefail
 
@@ -11,6 +11,9 @@ build=(ca-certificates cmake g++ ninja-build openjdk-17-jdk-headless libtinyxml2
 test=(libgtest-dev libgmock-dev dcmtk python3 python3-jsonschema argyll)
 all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind man-db
      clang-14 libclang-rt-14-dev gcovr)
+# What the cross-build for Windows and its tests under Wine need.
+windows=(g++-mingw-w64-x86-64-posix wine64 googletest dpkg-dev python3 python3-pip unzip zip
+         clang-14)
 # Wanted only where the command of that name is missing: another packaging of it may be there.
 all_commands=(npm)
 
@@ -19,14 +22,15 @@ bench=(libbenchmark-dev rapidjson-dev libboost-json1.81-dev binutils python3)
 case "${1:-}" in
   build) wanted=("${build[@]}") ;;
   test) wanted=("${build[@]}" "${test[@]}") ;;
+  windows) wanted=("${build[@]}" "${windows[@]}") ;;
   all)
-    wanted=("${build[@]}" "${test[@]}" "${all[@]}")
+    wanted=("${build[@]}" "${test[@]}" "${windows[@]}" "${all[@]}")
     for command in "${all_commands[@]}"; do
       command -v "$command" >/dev/null || wanted+=("$command")
     done
     ;;
   bench) wanted=("${build[@]}" "${bench[@]}") ;;
-  *) echo "usage: $0 build|test|all|bench" >&2; exit 2 ;;
+  *) echo "usage: $0 build|test|windows|all|bench" >&2; exit 2 ;;
 esac
 
 missing=()
