@@ -109,12 +109,13 @@ TEST_P(ValueDestruction, WhatIsSharedElsewhereStaysWhole) {
   }
 }
 
+std::string nameOf(const testing::TestParamInfo<Value (*)(Value, int)>& info) {
+  const char* const names[] = {"InArray", "InObject", "AmongOthers"};
+  return names[info.index];
+}
+
 INSTANTIATE_TEST_SUITE_P(Nests, ValueDestruction,
-                         testing::Values(&inArray, &inObject, &amongOthers),
-                         [](const auto& info) {
-                           const char* const names[] = {"InArray", "InObject", "AmongOthers"};
-                           return names[info.index];
-                         });
+                         testing::Values(&inArray, &inObject, &amongOthers), nameOf);
 
 TEST(ValueDestruction, WideTreesLeaveNothingBehind) {
   const long long alive = counting::alive;
