@@ -2,19 +2,21 @@
 # SPDX-License-Identifier: MIT
 """Joins the measurements into one JSON and one table.
 
-  report.py TARGETS.json FOLDER   reads values.json, java.json, processes.json and facts.json there,
+  report.py TARGETS.json FOLDER   reads work-*.json, processes.json, facts.json and conditions.json there,
                                   writes results.json and table.md, and prints the table
 
 Each ratio is that of two medians over interleaved repetitions; of processes, which are measured in
 turn, it is the median of the ratios of neighbours. What runs on one thread is compared by that
-thread's processor time, since a busy machine stretches the other; whole processes, and threads that
-come and go, by the clock.
+thread's processor time, since a busy machine stretches the other (where a thread comes and goes, by
+that thread's own); whole processes, and many threads at once, by the clock.
 """
+import glob
 import json
 import os
 import statistics
 import sys
 
+# "thread/" tells its thread's processor time as its own time.
 BY_THE_CLOCK = ("thread/", "threads/", "kovctl_list/")
 
 
@@ -119,60 +121,86 @@ def number(value, digits=0):
     return "" if value is None else f"{value:,.{digits}f}"
 
 
-def table(comparisons, share, sizes, facts, rows):
+def pair(row, name):
+    """Ours and the other's."""
+    ours, theirs = row[name], row["baseline_" + name]
+    return "" if ours is None or theirs is None else f"{number(ours)} : {number(theirs)}"
+
+
+def target_lines(comparisons, share):
     yield "| Work | beside | ours, ns | ratio | ± | at most | | allocations | bytes |"
     yield "|---|---|---:|---:|---:|---:|---|---:|---:|"
     for row in comparisons:
         missed = row["limit"] is not None and row["ratio"] > row["limit"]
         mark = "" if row["limit"] is None else ("**missed**" if missed else "met")
         digits = 4 if row["ratio"] < 0.01 else 2
-        yield (f"| {row['work']} | {row['baseline']} | {number(row['ns'], 1 if row['ns'] < 100 else 0)} "
+        yield (f"| {row['work']} | {row['baseline'].replace('_', ' ')} "
+               f"| {number(row['ns'], 1 if row['ns'] < 100 else 0)} "
                f"| {row['ratio']:.{digits}f} | {row['spread']:.2f} | {row['limit'] or ''} | {mark} "
-               f"| {number(row['allocations'])} : {number(row['baseline_allocations'])} "
-               f"| {number(row['bytes'])} : {number(row['baseline_bytes'])} |")
+               f"| {pair(row, 'allocations')} | {pair(row, 'bytes')} |")
     if share:
         mark = "met" if share["share_at_most"] <= 0.01 else "**missed**"
         yield (f"\nOf a calibration ({share['steps']:.0f} patches and measurements, "
                f"{share['calibration_ns'] / 1e6:.1f} ms) the library's callbacks take "
                f"{share['share_at_most']:.2%} with everything in them, {share['share_at_least']:.3%} "
                f"above functions registered by hand; at most 1 %: {mark}.")
-    yield "\n| Cost over size | size | ns | ns per item | allocations | bytes | still held |"
+
+
+def size_lines(sizes):
+    yield "| Work | size | ns | ns per item | allocations | bytes | still held |"
     yield "|---|---:|---:|---:|---:|---:|---:|"
     for name, points in sizes.items():
         for size, point in points.items():
-            yield (f"| {name} | {size:,} | {number(point['ns'])} | {number(point['ns'] / size, 1)} "
-                   f"| {number(point['allocations'])} | {number(point['bytes'])} "
-                   f"| {number(point['held'])} |")
-    if facts:
-        yield "\n| The shared library | |"
-        yield "|---|---:|"
-        for name, value in facts.items():
-            shown = ", ".join(value) if isinstance(value, list) else number(value)
-            yield f"| {name.replace('_', ' ')} | {shown} |"
-        if "load/library" in rows:
-            own = time_of(rows["load/library"], "load/library") / 1000
-            yield f"| loading, its dependencies being there, µs | {own:.0f} |"
+            yield (f"| {name.replace('_', ' ')} | {size:,} | {number(point['ns'])} "
+                   f"| {number(point['ns'] / size, 1)} | {number(point['allocations'])} "
+                   f"| {number(point['bytes'])} | {number(point['held'])} |")
+
+
+def fact_lines(facts, rows):
+    yield "| The shared library | |"
+    yield "|---|---:|"
+    for name, value in facts.items():
+        shown = ", ".join(value) if isinstance(value, list) else number(value)
+        yield f"| {name.replace('_', ' ')} | {shown} |"
+    if "load/library" in rows:
+        own = time_of(rows["load/library"], "load/library") / 1000
+        yield f"| loading, its dependencies being there, µs | {own:.0f} |"
+
+
+def machine_lines(conditions, comparisons):
+    judged = [row for row in comparisons if row["limit"] is not None]
+    met = sum(row["ratio"] <= row["limit"] for row in judged)
+    rank = "before all other processes" if conditions["before_all_others"] else "among others"
+    yield (f"{conditions['cores']} cores ({conditions['processor']}), {conditions['system']}, "
+           f"{conditions['compiler']}, OpenJDK {conditions['java']}. Load when the measurements began: "
+           f"{conditions['load_before']:.1f}; they ran {rank}. "
+           f"{met} of {len(judged)} rows with a limit are within it.")
 
 
 def main(targets_path, folder):
     with open(targets_path, encoding="utf-8") as file:
         targets = json.load(file)
-    rows = benchmark_rows(read(folder, "values.json"))
-    rows.update(benchmark_rows(read(folder, "java.json")))
+    rows = {}
+    for path in sorted(glob.glob(os.path.join(folder, "work-*.json"))):
+        rows.update(benchmark_rows(read(folder, os.path.basename(path))))
     rows.update({name: {"cpu": times, "wall": times, "in_turn": True}
                  for name, times in read(folder, "processes.json").items()})
     comparisons = [row for target in targets for row in compare(target, rows)]
-    share, sizes, facts = own_share(rows), cost_over_size(rows), read(folder, "facts.json")
+    share, facts = own_share(rows), read(folder, "facts.json")
+    parts = {"machine": machine_lines(read(folder, "conditions.json"), comparisons),
+             "targets": target_lines(comparisons, share),
+             "sizes": size_lines(cost_over_size(rows)), "library": fact_lines(facts, rows)}
+    parts = {name: "\n".join(lines) for name, lines in parts.items()}
     with open(os.path.join(folder, "results.json"), "w", encoding="utf-8") as file:
-        json.dump({"comparisons": comparisons, "calibration": share, "sizes": sizes,
-                   "library": facts, "measurements": rows}, file, indent=1)
-    text = "\n".join(table(comparisons, share, sizes, facts, rows)) + "\n"
+        json.dump({"comparisons": comparisons, "calibration": share, "library": facts,
+                   "sizes": cost_over_size(rows), "tables": parts, "measurements": rows}, file,
+                  indent=1)
+    text = "\n\n".join(parts.values()) + "\n"
     with open(os.path.join(folder, "table.md"), "w", encoding="utf-8") as file:
         file.write(text)
     print(text)
-    missed = sum(row["limit"] is not None and row["ratio"] > row["limit"] for row in comparisons)
-    judged = sum(row["limit"] is not None for row in comparisons)
-    print(f"{judged - missed} of {judged} targets met. Everything: {folder}/results.json")
+    print(f"Everything: {folder}/results.json")
 
 
-main(sys.argv[1], sys.argv[2])
+if __name__ == "__main__":
+    main(sys.argv[1], sys.argv[2])

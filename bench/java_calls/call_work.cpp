@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Single calls: through a wrapper, through a monitor handle, and one that ends in an exception.
+// Single calls: through a wrapper and through a monitor handle.
 #include "bench/java_calls/raw_java.h"
 #include "bench/support/measured.h"
 #include "bench/support/workstation.h"
@@ -69,6 +69,33 @@ void textCallChecked(benchmark::State& state) {
   });
 }
 
+// As an operation that asks several texts does: one frame for all of them.
+constexpr int kTexts = 16;
+
+void textCalls(benchmark::State& state) {
+  JNIEnv* env = raw().env;
+  measure(state, [env, monitor = &wrapper()] {
+    std::size_t letters = 0;
+    java::jni::pushLocalFrame(env, 32);
+    for (int i = 0; i < kTexts; ++i) letters += monitor->getModel().size();
+    java::jni::popLocalFrame(env);
+    return letters;
+  });
+}
+
+void textCallsByHand(benchmark::State& state) {
+  const bench::RawJava& r = raw();
+  measure(state, [&r] {
+    std::size_t letters = 0;
+    for (int i = 0; i < kTexts; ++i) {
+      const jobject text = r.env->CallObjectMethod(r.monitor, r.getModel);
+      letters += copyOfText(r.env, text).size();
+      r.env->DeleteLocalRef(text);
+    }
+    return letters;
+  });
+}
+
 void queryInt(benchmark::State& state) {
   measure(state, [monitor = &bench::colourMonitor()] { return monitor->getUsageTime(); });
 }
@@ -117,74 +144,6 @@ void queryEdidByHand(benchmark::State& state) {
   });
 }
 
-// ---- An exception ----
-
-constexpr const char* kFault =
-    "fault.1.call = Monitor.getConnectionType\n"
-    "fault.1.nth = 0\n"
-    "fault.1.action = throw\n"
-    "fault.1.class = java.io.IOException\n"
-    "fault.1.message = 30210045: Error sending data (port 3)\n";
-
-void exception(benchmark::State& state) {
-  bench::workstation().settle("", kFault);
-  measure(state, [monitor = &bench::colourMonitor()] {
-    try {
-      return monitor->getConnectionType().size();
-    } catch (const java::JavaException& e) {
-      return e.getClassName().size();
-    }
-  });
-  bench::workstation().settle("");
-}
-
-struct RawException : std::runtime_error {
-  RawException(const std::string& message, std::string name, jobject reference)
-      : std::runtime_error(message), className(std::move(name)), throwable(reference) {}
-  std::string className;
-  jobject throwable;
-};
-
-// What a translation needs: message and class name, looked up by name each time, since it must work
-// before anything is cached; and a reference to the exception that outlives the frame.
-[[noreturn]] void translateByHand(JNIEnv* env, jthrowable thrown) {
-  env->ExceptionClear();
-  const jmethodID getMessage = env->GetMethodID(env->FindClass("java/lang/Throwable"), "getMessage",
-                                                "()Ljava/lang/String;");
-  const jobject message = env->CallObjectMethod(thrown, getMessage);
-  env->ExceptionCheck();
-  const std::string text = copyOfText(env, message);
-  const jmethodID getName =
-      env->GetMethodID(env->FindClass("java/lang/Class"), "getName", "()Ljava/lang/String;");
-  const jmethodID getClass = env->GetMethodID(env->FindClass("java/lang/Throwable"), "getClass",
-                                              "()Ljava/lang/Class;");
-  const jobject clazz = env->CallObjectMethod(thrown, getClass);
-  env->ExceptionCheck();
-  const jobject name = env->CallObjectMethod(clazz, getName);
-  env->ExceptionCheck();
-  throw RawException(text, copyOfText(env, name), env->NewGlobalRef(thrown));
-}
-
-void exceptionByHand(benchmark::State& state) {
-  bench::workstation().settle("", kFault);
-  const bench::RawJava& r = raw();
-  measure(state, [&r] {
-    std::size_t letters = 0;
-    try {
-      r.env->PushLocalFrame(32);
-      r.env->ExceptionClear();
-      r.env->CallObjectMethod(r.monitor, r.getConnectionType);
-      if (const jthrowable thrown = r.env->ExceptionOccurred()) translateByHand(r.env, thrown);
-    } catch (const RawException& e) {
-      r.env->PopLocalFrame(nullptr);
-      letters = e.className.size();
-      r.env->DeleteGlobalRef(e.throwable);
-    }
-    return letters;
-  });
-  bench::workstation().settle("");
-}
-
 }  // namespace
 
 BENCHMARK(intCall)->Name("int_call/library");
@@ -193,11 +152,11 @@ BENCHMARK(intCallChecked)->Name("int_call/raw_checked");
 BENCHMARK(textCall)->Name("text_call/library");
 BENCHMARK(textCallByHand)->Name("text_call/raw");
 BENCHMARK(textCallChecked)->Name("text_call/raw_checked");
+BENCHMARK(textCalls)->Name("text_calls/library");
+BENCHMARK(textCallsByHand)->Name("text_calls/raw");
 BENCHMARK(queryInt)->Name("query_int/library");
 BENCHMARK(queryIntByHand)->Name("query_int/raw");
 BENCHMARK(queryText)->Name("query_text/library");
 BENCHMARK(queryTextByHand)->Name("query_text/raw");
 BENCHMARK(queryEdid)->Name("query_edid/library");
 BENCHMARK(queryEdidByHand)->Name("query_edid/raw");
-BENCHMARK(exception)->Name("exception/library");
-BENCHMARK(exceptionByHand)->Name("exception/raw");

@@ -76,19 +76,35 @@ void threadByHand(benchmark::State& state) {
 }
 
 // That many threads that have their environment at the same time.
+template <class Work>
+void atOnce(std::int64_t count, Work work) {
+  std::latch ready(count);
+  std::vector<std::thread> all;
+  for (std::int64_t i = 0; i < count; ++i) {
+    all.emplace_back([&, i] {
+      work(i);
+      ready.arrive_and_wait();
+    });
+  }
+  for (std::thread& one : all) one.join();
+}
+
 void threads(benchmark::State& state) {
   bench::colourMonitor();
+  std::vector<bench::Memory> taken(static_cast<std::size_t>(state.range(0)));
+  atOnce(state.range(0), [&](std::int64_t i) {
+    taken[static_cast<std::size_t>(i)] = bench::memoryOf(lumora::kov::java::Env);
+  });
   for (auto _ : state) {
-    std::latch ready(state.range(0));
-    std::vector<std::thread> all;
-    for (std::int64_t i = 0; i < state.range(0); ++i) {
-      all.emplace_back([&] {
-        lumora::kov::java::Env();
-        ready.arrive_and_wait();
-      });
-    }
-    for (std::thread& one : all) one.join();
+    atOnce(state.range(0), [](std::int64_t) { lumora::kov::java::Env(); });
   }
+  bench::Memory sum;
+  for (const bench::Memory& one : taken) {
+    sum.allocations += one.allocations;
+    sum.bytes += one.bytes;
+    sum.held += one.held;
+  }
+  bench::report(state, sum);
 }
 
 }  // namespace
