@@ -15,7 +15,8 @@ set "profile=%product%\Data\Profile"
 if exist "%product%\simulation.txt" goto start
 if exist "%product%" goto foreign
 if not exist "%JAVA_HOME%\bin\server\jvm.dll" goto nojava
-md "%plugins%" || goto failed
+md "%plugins%"
+if not exist "%plugins%" goto failed
 echo This folder was made by simulate.cmd of l5kov.>"%product%\simulation.txt"
 
 :start

@@ -52,7 +52,7 @@ int runThreads() {
   done = true;
   searching.join();
   if (answered != kThreads) {
-    std::printf("failed: %d answers\n", answered.load());
+    std::printf("wrong: %d answers\n", answered.load());
     return 1;
   }
   std::printf("ready\n");
