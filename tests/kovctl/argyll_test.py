@@ -1,7 +1,9 @@
 # SPDX-License-Identifier: MIT
-"""The same calibration over the physics of an ICC profile that Debian ships, by ArgyllCMS's icclu."""
+"""The same calibration over the physics of an ICC profile out of a Debian package, by icclu."""
+import json
 import pathlib
 import shutil
+import subprocess
 import time
 
 import programs
@@ -49,11 +51,26 @@ class Icc(KovctlTest):
         profile = PROFILES / "sRGB.icm"
         self.run_kovctl("verify", "-m", COLOUR, "--instrument", f"icc:{profile}", code=4)
 
+    def test_program_that_ends_in_the_middle(self):
+        """The instrument is gone: the run ends, and the monitor is put back."""
+        self.settings(patch__delay__ms="20")
+        process = self.start("calibrate", "-m", COLOUR, "--lut", "2", "--instrument",
+                             f"icc:{PROFILES / 'sRGB.icm'}", "--json-lines")
+        seen = self.read_until(process, b'"patch":8')
+        subprocess.run(["pkill", "-KILL", "-P", str(process.pid), "-x", "icclu"], check=True)
+        result = self.finish(process)
+        self.assertEqual(result.code, 7, result)
+        document = schemas.check(json.loads((seen.decode() + result.out).splitlines()[-1]))
+        self.assertEqual(document["record"]["result"]["monitorState"], "restored")
+        self.assertIn("icclu", document["record"]["result"]["error"]["text"])
+        self.assertEqual(self.active_lut(), 0)
+
     def test_no_profile(self):
         broken = self.folder / "broken.icc"
         broken.write_bytes(b"no profile")
         for path in (self.folder / "none.icc", broken):
-            result = self.run_kovctl("calibrate", "-m", COLOUR, "--instrument", f"icc:{path}", code=7)
+            result = self.run_kovctl("calibrate", "-m", COLOUR, "--instrument", f"icc:{path}",
+                                     code=7)
             self.assertIn("icclu", result.err)
 
     def test_program_missing(self):

@@ -17,8 +17,8 @@ def library_rows():
     rows = []
     for table in re.finditer(r"ClassTable k\w+\{\s*\"([^\"]+)\", \{(.*?)\n\}\};", text, re.S):
         name, body = table.groups()
-        for kind, strings in re.findall(r"\b(constructor|method|staticMethod)\(((?:[^()\"]|\"[^\"]*\")*)\)",
-                                        body):
+        row = r"\b(constructor|method|staticMethod)\(((?:[^()\"]|\"[^\"]*\")*)\)"
+        for kind, strings in re.findall(row, body):
             texts = re.findall(r"\"([^\"]*)\"", strings)
             member = "<init>" if kind == "constructor" else texts[0]
             rows.append((name, member, texts[-1], kind == "staticMethod"))

@@ -1,14 +1,12 @@
 # SPDX-License-Identifier: MIT
 """Every command: what it prints, and its JSON against the schemas."""
 import json
-import os
-import subprocess
 
 import jsonschema
 
 import schemas
 import side_by_side
-from harness import COLOUR, KOVCTL, KovctlTest, MONOCHROME, NO_LOCK
+from harness import COLOUR, KovctlTest, MONOCHROME, NO_LOCK
 
 
 class Commands(KovctlTest):
@@ -109,7 +107,8 @@ class Commands(KovctlTest):
     def test_report_folder_keeps_the_trend(self):
         folder = self.folder / "reports"
         for seconds in range(2):
-            document = self.json("calibrate", "-m", COLOUR, "--points", "18", "--report-dir", folder)
+            document = self.json("calibrate", "-m", COLOUR, "--points", "18", "--report-dir",
+                                 folder)
             if seconds == 0:
                 for path in folder.iterdir():  # another second, so another name
                     text = path.read_text(encoding="utf-8")
@@ -139,7 +138,8 @@ class Commands(KovctlTest):
         self.assertEqual(self.active_lut(), 0)
 
     def test_keep_mode(self):
-        document = self.json("calibrate", "-m", COLOUR, "--lut", "2", "--points", "0", "--keep-mode")
+        document = self.json("calibrate", "-m", COLOUR, "--lut", "2", "--points", "0",
+                             "--keep-mode")
         self.assertEqual(document["exitCode"], 0)
         self.assertEqual(self.active_lut(), 0)
 
@@ -183,28 +183,6 @@ class Commands(KovctlTest):
             self.assertIn("\n  " + command, main)
             self.assertIn("--help", self.run_kovctl(command, "--help").out)
         self.assertRegex(self.run_kovctl("--version").out, r"^kovctl \d+\.\d+\.\d+\n$")
-
-    def test_completion(self):
-        for shell in ("bash", "zsh", "fish"):
-            script = self.json("completion", shell)["script"]
-            for word in ("calibrate", "--lut" if shell != "fish" else "-l lut", "tg18-primary"):
-                self.assertIn(word, script)
-            self.assertEqual(self.run_kovctl("completion", shell).out, script)
-
-    def complete(self, *words):
-        script = self.run_kovctl("completion", "bash").out
-        text = script + (
-            f"\nCOMP_WORDS=({' '.join(words)} '')\nCOMP_CWORD={len(words)}\n_kovctl\n"
-            "printf '%s\\n' \"${COMPREPLY[@]}\"\n")
-        return subprocess.run(["bash", "-c", text], stdout=subprocess.PIPE, check=True,
-                              env=dict(os.environ, KOVCTL=KOVCTL)).stdout.decode().split()
-
-    def test_bash_completes(self):
-        self.assertIn("calibrate", self.complete("kovctl"))
-        self.assertIn("on", self.complete("kovctl", "lock"))
-        self.assertIn("--keep-mode", self.complete("kovctl", "-v", "calibrate"))
-        self.assertNotIn("--keep-mode", self.complete("kovctl", "verify"))
-        self.assertEqual(self.complete("kovctl", "verify", "--points"), ["52", "18", "0"])
 
     def test_schemas_refuse_what_is_wrong(self):
         document = self.json("lock", "on", "-m", COLOUR)

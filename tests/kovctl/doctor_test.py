@@ -41,7 +41,7 @@ class Doctor(KovctlTest):
         self.assertIn("112", checks["catalogue"]["found"])
         self.assertIn("x86-64", checks["runtime-library"]["found"])
         self.assertRegex(checks["runtime-version"]["found"], r"^\d+")
-        self.assertEqual(len(checks), 16)
+        self.assertEqual(len(checks), 17)
 
     def test_text_output(self):
         result = self.run_kovctl("doctor")
@@ -87,6 +87,14 @@ class Doctor(KovctlTest):
         self.environment["JAVA_TOOL_OPTIONS"] = "-Xmx1k"
         checks = self.finds("java-start", "the process ended with 1")
         self.assertEqual(checks["plugins"]["state"], "ok")
+        self.assertEqual(checks["java-options"]["state"], "warn")
+        self.assertIn("JAVA_TOOL_OPTIONS=-Xmx1k", checks["java-options"]["found"])
+        for name in ("catalogue", "callbacks", "monitors", "packages", "check-jni"):
+            self.assertEqual(checks[name]["state"], "skip")
+
+    def test_java_options_that_ask_for_no_memory(self):
+        self.environment["JAVA_TOOL_OPTIONS"] = "-Dsome.property=1"
+        self.assertEqual(self.checks(code=0)["java-options"]["state"], "ok")
 
     def test_no_jar(self):
         self.jar.unlink()
@@ -193,6 +201,8 @@ class WithoutLibraries(KovctlTest):
         self.assertEqual(checks["measurement-library"]["state"], "FAIL")
         self.assertEqual(checks["plugins"]["state"], "ok")
         self.assertEqual(checks["catalogue"]["state"], "skip")
+        error = schemas.check(json.loads(self.run_tree("list", "--json", code=5).stdout))
+        self.assertIn("libmeter_x64.so", error["message"])
 
     def test_host_library_missing(self):
         (self.tree / "lib/libl5kov.so.1").unlink()

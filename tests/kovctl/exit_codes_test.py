@@ -49,8 +49,25 @@ class ExitCodes(KovctlTest):
                           ("lock",), ("lock", "ajar"), ("list", "-q", "-v"),
                           ("verify", "--points", "17"), ("list", "--json", "--json-lines")):
             result = self.run_kovctl(*arguments, code=2)
-            self.assertTrue(result.err, arguments)
-            self.assertEqual(result.out, "", arguments)
+            self.assertTrue(result.err.startswith("kovctl: "), arguments)
+            if "--json" not in arguments:
+                self.assertEqual(result.out, "", arguments)
+            self.error(*arguments, code=2)
+
+    def test_2_says_which_word_is_wrong(self):
+        message = self.error("calibrat", code=2)["message"]
+        self.assertEqual(message, 'there is no command "calibrat"')
+        self.assertIn("--frob", self.error("list", "--frob", code=2)["message"])
+        self.assertIn("kovctl lock --help", self.error("lock", code=2)["details"][0])
+        self.assertEqual(self.error(code=2)["message"], "a command is needed")
+
+    def test_2_no_such_look_up_table(self):
+        document = self.error("restore", "-m", COLOUR, "--lut", "9", code=2)
+        self.assertEqual(document["message"], "the monitor has no look-up table 9")
+        run = schemas.check(
+            self.run_kovctl("verify", "-m", COLOUR, "--lut", "9", "--json", code=2).json)
+        self.assertEqual(run["record"]["result"]["monitorState"], "restored")
+        self.assertEqual(self.active_lut(), 0)
 
     def test_2_values_that_make_no_sense(self):
         missing = self.folder / "none.json"
@@ -163,7 +180,8 @@ class ExitCodes(KovctlTest):
         self.faults({"call": "LookUpTable.activate", "nth": 0, **SENDING})
         document, result = self.canceled(signal.SIGTERM, 131)
         self.assertEqual(document["record"]["result"]["monitorState"], "unknown")
-        self.assertIn("Monitor state: NOT KNOWN: look-up table 0 could not be activated", result.err)
+        self.assertIn("Monitor state: NOT KNOWN: look-up table 0 could not be activated",
+                      result.err)
         # The next one puts it back.
         self.faults()
         self.assertEqual(self.run_kovctl("show", "-m", COLOUR, "--json").json["pendingRestore"], 0)

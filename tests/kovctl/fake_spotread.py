@@ -2,9 +2,10 @@
 """Speaks like spotread -e: asks for a key, answers with a reading.
 
 It looks at the middle of the X screen whose frame buffer is FAKE_SPOTREAD_SCREEN and measures a
-panel of gamma 2.2 between 0.3 and 300 cd/m². Each colour seen is added to the file FAKE_SPOTREAD_LOG. FAKE_SPOTREAD says how it
-fails: "none" (no instrument), "silent" (says nothing at all), "calibrate" (wants a calibration),
-"die:N" (ends at the N-th reading), "hang:N" (does not answer the N-th), "misread:N".
+panel of gamma 2.2 between 0.3 and 300 cd/m². Each colour seen is added to the file
+FAKE_SPOTREAD_LOG. FAKE_SPOTREAD says how it fails: "none" (no instrument), "silent" (says nothing
+at all), "calibrate" (wants a calibration), "die:N" (ends at the N-th reading), "hang:N" (does not
+answer the N-th), "misread:N".
 """
 import os
 import sys
@@ -53,7 +54,8 @@ def main():
                 time.sleep(600)
             say("\n\nSpot read failed due to misread\nHit any key to retry\n")
             continue
-        color = xserver.pixel(os.environ["FAKE_SPOTREAD_SCREEN"], xserver.WIDTH // 2, xserver.HEIGHT // 2)
+        color = xserver.pixel(os.environ["FAKE_SPOTREAD_SCREEN"], xserver.WIDTH // 2,
+                              xserver.HEIGHT // 2)
         with open(os.environ["FAKE_SPOTREAD_LOG"], "a", encoding="ascii") as log:
             log.write("%d %d %d\n" % color)
         y = 0.3 + 299.7 * sum(w * (c / 255) ** 2.2 for w, c in zip((0.2, 0.7, 0.1), color))

@@ -63,8 +63,8 @@ class Interrupt(KovctlTest):
 
     def test_in_the_last_patch(self):
         """The calibration may end as canceled or as done; either is said."""
-        total = self.run_kovctl("calibrate", "-m", COLOUR, "--lut", "3", "--levels", "18", "--points",
-                                "0", "--json").json["record"]["patches"]
+        total = self.run_kovctl("calibrate", "-m", COLOUR, "--lut", "3", "--levels", "18",
+                                "--points", "0", "--json").json["record"]["patches"]
         process = self.calibrate("--limits", "none")
         self.known(self.interrupt_after(process, is_patch(len(total))))
 

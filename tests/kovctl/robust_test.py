@@ -48,9 +48,10 @@ class Streams(KovctlTest):
         self.assertIn(b"PASS", process.stdout)
 
     def test_odd_texts_come_through(self):
+        name = "Jörg <b>\"x\"</b> 𝄞"
         document = schemas.check(self.run_kovctl(
-            "calibrate", "-m", COLOUR, "--points", "0", "--json", "--operator", "Jörg <b>\"x\"</b> 𝄞").json)
-        self.assertEqual(document["record"]["operator"], "Jörg <b>\"x\"</b> 𝄞")
+            "calibrate", "-m", COLOUR, "--points", "0", "--json", "--operator", name).json)
+        self.assertEqual(document["record"]["operator"], name)
 
     def test_unreadable_state_folder(self):
         self.environment["XDG_STATE_HOME"] = "/dev/null"

@@ -56,13 +56,15 @@ class Terminal(KovctlTest):
         process, master = self.open("calibrate", "-m", COLOUR, "--points", "18", columns=90)
         text = self.read(process, master)
         self.assertEqual(process.returncode, 0, text)
-        lines = [part for part in re.split(r"\r\x1b\[K", text) if part.startswith(("Cal", "Che", "["))]
+        lines = [part for part in re.split(r"\r\x1b\[K", text)
+                 if part.startswith(("Cal", "Che", "["))]
         self.assertGreater(len(lines), 100)
         for line in lines:
             self.assertNotIn("\n", line.rstrip("\r\n").split("\r\n")[0])
             self.assertLess(len(line.split("\r\n")[0]), 90)
         whole = "\n".join(lines)
-        self.assertRegex(whole, r"\[[#.]+\] +\d+ %  patch \d+ of ~\d+  level +\d+  [\d.e-]+ cd/m²  ETA ")
+        self.assertRegex(whole, r"\[[#.]+\] +\d+ %  patch \d+ of ~\d+  level +\d+  "
+                                r"[\d.e-]+ cd/m²  ETA ")
         self.assertIn("patch 18 of 18", whole)
         fractions = [int(found) for found in re.findall(r"(\d+) %  patch \d+ of ~", whole)]
         self.assertEqual(fractions, sorted(fractions))
@@ -95,8 +97,12 @@ class Terminal(KovctlTest):
         self.assertNotIn("\x1b", path.read_text(encoding="utf-8"))
 
     def test_quiet(self):
-        process, master = self.open("verify", "-q", "-m", COLOUR, "--points", "18", "--limits", "none")
-        self.assertEqual(self.read(process, master), "")
+        process, master = self.open("verify", "-q", "-m", COLOUR, "--points", "18", "--limits",
+                                    "none")
+        text = self.read(process, master)
+        self.assertTrue(text.startswith("Criterion"), text)
+        self.assertTrue(text.endswith("No limits were chosen; nothing is judged.\r\n"), text)
+        self.assertNotIn("patch", text)
         self.assertEqual(process.returncode, 0)
 
     def test_asks_which_monitor(self):

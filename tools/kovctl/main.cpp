@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "doctor/doctor_without_library.h"
-#include "exit_code.h"
 #include "main_library.h"
 #include "system/files.h"
 #include "system/shared_library.h"
@@ -13,14 +12,11 @@
 namespace {
 
 int runWithoutLibrary(const std::vector<std::string>& arguments, const std::string& reason) {
-  using kovctl::sys::Stream;
   kovctl::sys::prepareStandardStreams();
   if (std::find(arguments.begin(), arguments.end(), "doctor") != arguments.end()) {
     return kovctl::doctorWithoutLibrary(arguments, reason);
   }
-  kovctl::sys::write(Stream::kErr, "kovctl: a library that it needs cannot be loaded: " + reason +
-                                       "\nkovctl:   \"kovctl doctor\" finds out more.\n");
-  return static_cast<int>(kovctl::ExitCode::kRuntime);
+  return kovctl::failWithoutLibrary(arguments, reason);
 }
 
 }  // namespace

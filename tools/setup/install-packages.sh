@@ -8,8 +8,9 @@ set -euo pipefail
 
 build=(ca-certificates cmake g++ ninja-build openjdk-17-jdk-headless libtinyxml2-dev liblcms2-dev
        libcli11-dev libfmt-dev nlohmann-json3-dev)
-test=(libgtest-dev libgmock-dev dcmtk python3 python3-jsonschema argyll)
-all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind man-db
+test=(libgtest-dev libgmock-dev dcmtk python3 python3-jsonschema argyll
+      argyll-ref procps)
+all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind man-db zsh fish
      clang-14 libclang-rt-14-dev gcovr)
 # What the cross-build for Windows and its tests under Wine need.
 windows=(g++-mingw-w64-x86-64-posix wine64 googletest dpkg-dev python3 python3-pip unzip zip

@@ -7,6 +7,23 @@
 namespace kovctl {
 namespace {
 
+/// Options with the kind of their value, and without the parser's own notes on what it checks: the
+/// descriptions say that in words.
+class HelpFormatter : public CLI::Formatter {
+ public:
+  HelpFormatter() {
+    column_width(28);
+    label("SUBCOMMAND", "COMMAND");
+    label("Subcommands", "Commands");
+  }
+
+  std::string make_option_opts(const CLI::Option* option) const override {
+    const std::string type = option->get_type_name();
+    const std::string kind = type.substr(0, type.find(':'));
+    return option->get_type_size() == 0 || kind.empty() ? "" : " " + kind;
+  }
+};
+
 void addGlobalOptions(CLI::App& program, Context& context) {
   const auto json =
       program.add_flag("--json", context.json, "Print the result as one JSON document");
@@ -17,7 +34,7 @@ void addGlobalOptions(CLI::App& program, Context& context) {
       ->excludes(quiet);
   program.add_flag("--no-color", context.noColor,
                    "No colours (as with NO_COLOR in the environment)");
-  program.set_version_flag("--version", std::string("kovctl ") + kVersion);
+  program.set_version_flag("--version", std::string("kovctl ") + kVersion, "Print the version");
   program.set_help_flag("-h,--help", "Print this help");
 }
 
@@ -26,6 +43,7 @@ void addGlobalOptions(CLI::App& program, Context& context) {
 std::unique_ptr<CLI::App> makeProgram(Context& context) {
   auto program = std::make_unique<CLI::App>(
       "Finds, calibrates and checks the monitors of this workstation.", "kovctl");
+  program->formatter(std::make_shared<HelpFormatter>());
   addGlobalOptions(*program, context);
   program->require_subcommand(1);
   program->fallthrough();
@@ -40,6 +58,9 @@ std::unique_ptr<CLI::App> makeProgram(Context& context) {
   addDoctorCommand(*program, context);
   addCompletionCommand(*program, context);
   addPatchWindowCommand(*program, context);
+  for (CLI::App* const command : program->get_subcommands({})) {
+    if (!command->get_group().empty()) command->group("Commands");
+  }
   program->footer(
       "Exit codes: 0 ok, 1 Java failure, 2 usage, 3 monitor, 4 outside limits, 5 plug-in or "
       "runtime,\n"

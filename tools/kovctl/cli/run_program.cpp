@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <cstdlib>
+#include <span>
+#include <sstream>
 
 #include "cli/program.h"
 #include "failure.h"
@@ -55,16 +57,33 @@ ExitCode runCommand(Context& context) try {
   return report(context, Failure(ExitCode::kJava, error.what()));
 }
 
-// Help and version are results, and everything else a mistake.
-int parseEnd(const CLI::App& program, const CLI::ParseError& end) {
-  std::ostringstream out;
-  std::ostringstream err;
-  const int code = program.exit(end, out, err);
-  if (sys::write(sys::Stream::kOut, out.str()) == sys::Written::kFailed) {
-    return static_cast<int>(ExitCode::kOutput);
+std::string mistakeOf(const CLI::App& program, const CLI::ParseError& end) {
+  const std::vector<std::string> rest = program.remaining();
+  if (!program.get_subcommands().empty()) return end.what();
+  if (rest.empty()) return "a command is needed";
+  const std::string kind = rest.front().rfind('-', 0) == 0 ? "option" : "command";
+  return "there is no " + kind + " \"" + rest.front() + "\"";
+}
+
+// Help and version are results, and everything else a mistake, of which programs are told in their
+// own way even when the parser did not come as far as their option.
+ExitCode parseEnd(const CLI::App& program, const CLI::ParseError& end, Context& context,
+                  std::span<const char* const> arguments) {
+  if (end.get_exit_code() == 0) {
+    std::ostringstream out;
+    program.exit(end, out, out);
+    const bool lost = sys::write(sys::Stream::kOut, out.str()) == sys::Written::kFailed;
+    return lost ? ExitCode::kOutput : ExitCode::kOk;
   }
-  sys::write(sys::Stream::kErr, err.str());
-  return code == 0 ? 0 : static_cast<int>(ExitCode::kUsage);
+  for (const std::string_view argument : arguments) {
+    context.json |= argument == "--json";
+    context.jsonLines |= argument == "--json-lines";
+  }
+  makeConsole(context);
+  std::string help = "kovctl ";
+  for (const CLI::App* command : program.get_subcommands()) help += command->get_name() + " ";
+  return report(context, Failure(ExitCode::kUsage, mistakeOf(program, end),
+                                 {"\"" + help + "--help\" tells what there is."}));
 }
 
 }  // namespace
@@ -75,7 +94,8 @@ int runProgram(int count, const char* const* arguments) {
   try {
     program->parse(count, arguments);
   } catch (const CLI::ParseError& end) {
-    return parseEnd(*program, end);
+    const std::span given(arguments, static_cast<std::size_t>(count));
+    return static_cast<int>(parseEnd(*program, end, context, given));
   }
   makeConsole(context);
   ExitCode code = runCommand(context);

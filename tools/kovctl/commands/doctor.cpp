@@ -12,25 +12,21 @@ ExitCode doctor(Context& context) {
   list.ok("host-library", "libl5kov", "loaded");
   checkFiles(list, layout);
   if (list.has("runtime-library", CheckState::kFail)) {
-    for (const char* id : {"java-start", "catalogue", "callbacks", "monitors", "check-jni"}) {
-      list.skip(id, id, "there is no Java runtime to ask");
-    }
+    skipJavaChecks(list, "there is no Java runtime to ask");
     return list.finish();
   }
   checkJava(list);
-  if (list.has("java-start", CheckState::kFail)) {
-    list.skip("check-jni", "Round trip, -Xcheck:jni", "Java does not start");
-  } else {
-    checkRoundTrip(list);
-  }
+  if (!list.has("java-start", CheckState::kFail)) checkRoundTrip(list);
+  skipJavaChecks(list, list.has("java-start", CheckState::kFail) ? "Java does not start"
+                                                                 : "a check before it has failed");
   return list.finish();
 }
 
 }  // namespace
 
 void addDoctorCommand(CLI::App& program, Context& context) {
-  CLI::App* const command = program.add_subcommand(
-      "doctor", "Find out why something does not work, and say how to mend it");
+  CLI::App* const command =
+      program.add_subcommand("doctor", "Find out what does not work, and how to mend it");
   const auto probe = std::make_shared<std::string>();
   // For this program itself: an empty group keeps it out of the help.
   command->add_option("--probe", *probe)->check(CLI::IsMember({"java", "round-trip"}))->group("");

@@ -108,7 +108,7 @@ ExitCode history(Context& context, const std::string& wanted, std::optional<int>
 
 void addHistoryCommand(CLI::App& program, Context& context) {
   CLI::App* const command = program.add_subcommand(
-      "history", "Show the calibrations that a monitor remembers, and how its backlight fares");
+      "history", "Show the calibrations that a monitor remembers, with a trend");
   const auto wanted = std::make_shared<std::string>();
   const auto lut = std::make_shared<std::optional<int>>();
   addMonitorOption(*command, *wanted);

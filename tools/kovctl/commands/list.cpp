@@ -66,9 +66,9 @@ void addListCommand(CLI::App& program, Context& context) {
 
 void addMonitorOption(CLI::App& command, std::string& monitor) {
   command
-      .add_option("-m,--monitor", monitor,
-                  "The monitor: MODEL:SERIAL, a beginning of it that fits one monitor only, or its "
-                  "number in \"kovctl list\"")
+      .add_option(
+          "-m,--monitor", monitor,
+          "MODEL:SERIAL or a beginning that fits one only, or the number in \"kovctl list\"")
       ->type_name("MONITOR");
 }
 

@@ -22,6 +22,7 @@ ExitCode restore(Context& context, const std::string& wanted, std::optional<int>
   const unsigned before = chosen.monitor.getCalModeValue();
   const unsigned mode = wantedMode(chosen, lut);
   const ModeResult result = activateMode(chosen.monitor, mode);
+  if (result.noSuchTable && lut) throw Failure(ExitCode::kUsage, result.sentence);
   if (result.restored) ModeKeeper::forget(chosen.name);
   const std::string sentence = chosen.name.text() + ": " + result.sentence;
   if (result.restored) {
@@ -42,10 +43,11 @@ ExitCode restore(Context& context, const std::string& wanted, std::optional<int>
 }  // namespace
 
 void addRestoreCommand(CLI::App& program, Context& context) {
-  CLI::App* const command = program.add_subcommand(
-      "restore",
-      "Activate a look-up table: the one given, else the one that was active before a "
-      "run that was killed, else the active one again");
+  CLI::App* const command =
+      program.add_subcommand("restore", "Put back the look-up table that was active");
+  command->footer(
+      "The table given, else the one that was active before a run that was killed, else the\n"
+      "active one again. Which one is active is read back from the monitor.");
   const auto wanted = std::make_shared<std::string>();
   const auto lut = std::make_shared<std::optional<int>>();
   addMonitorOption(*command, *wanted);

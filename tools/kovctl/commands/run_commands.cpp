@@ -146,10 +146,10 @@ void addCalibrateCommand(CLI::App& program, Context& context) {
 }
 
 void addVerifyCommand(CLI::App& program, Context& context) {
-  CLI::App* const command = program.add_subcommand(
-      "verify",
-      "Measure a monitor without calibrating it, against the target it was calibrated for "
-      "or the one given");
+  CLI::App* const command =
+      program.add_subcommand("verify", "Measure and judge a monitor without calibrating it");
+  command->footer(
+      "Without a target, against the one that the monitor remembers for the table, else DICOM.");
   const auto options = addCommonOptions(*command);
   command->callback([&context, options] {
     context.command = [&context, options] { return verify(context, *options); };

@@ -177,8 +177,6 @@ constexpr CatalogueRow kRows[] = {
 
 }  // namespace
 
-std::span<const CatalogueRow> catalogue() {
-  return kRows;
-}
+std::span<const CatalogueRow> catalogue() { return kRows; }
 
 }  // namespace kovctl

@@ -79,6 +79,11 @@ void CheckList::skip(const std::string& id, const std::string& title, const std:
   add({id, title, CheckState::kSkip, why, ""});
 }
 
+bool CheckList::has(const std::string& id) const {
+  return std::any_of(checks.begin(), checks.end(),
+                     [&](const Check& check) { return check.id == id; });
+}
+
 bool CheckList::has(const std::string& id, CheckState state) const {
   return std::any_of(checks.begin(), checks.end(),
                      [&](const Check& check) { return check.id == id && check.state == state; });

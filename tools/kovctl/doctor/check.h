@@ -36,6 +36,7 @@ class CheckList {
             const std::string& remedy);
   void skip(const std::string& id, const std::string& title, const std::string& why);
 
+  bool has(const std::string& id) const;
   bool has(const std::string& id, CheckState state) const;
   /// The document and the exit code.
   ExitCode finish();

@@ -4,10 +4,13 @@
 #include <algorithm>
 
 #include "doctor/file_checks.h"
+#include "output/document.h"
 
 namespace kovctl {
 
-int doctorWithoutLibrary(const std::vector<std::string>& arguments, const std::string& reason) {
+namespace {
+
+Console consoleOf(const std::vector<std::string>& arguments) {
   const auto has = [&](const char* flag) {
     return std::find(arguments.begin(), arguments.end(), flag) != arguments.end();
   };
@@ -15,14 +18,34 @@ int doctorWithoutLibrary(const std::vector<std::string>& arguments, const std::s
   options.format = has("--json")         ? Format::kJson
                    : has("--json-lines") ? Format::kJsonLines
                                          : Format::kText;
-  Console console(options);
+  return Console(options);
+}
+
+}  // namespace
+
+int failWithoutLibrary(const std::vector<std::string>& arguments, const std::string& reason) {
+  Console console = consoleOf(arguments);
+  const std::string message = "a library that it needs cannot be loaded: " + reason;
+  const std::string hint = "\"kovctl doctor\" finds out more.";
+  console.error(message);
+  console.error("  " + hint);
+  constexpr ExitCode kCode = ExitCode::kRuntime;
+  Json document = documentOf("error");
+  document["exitCode"] = static_cast<int>(kCode);
+  document["exitName"] = nameOf(kCode);
+  document["message"] = message;
+  document["details"] = Json::array({hint});
+  console.document(document);
+  return static_cast<int>(kCode);
+}
+
+int doctorWithoutLibrary(const std::vector<std::string>& arguments, const std::string& reason) {
+  Console console = consoleOf(arguments);
   CheckList list(console);
   list.fail("host-library", "libl5kov", reason,
             "install what is missing, or put it where the loader looks");
   checkFiles(list, PluginLayout::find());
-  for (const char* id : {"java-start", "catalogue", "callbacks", "monitors", "check-jni"}) {
-    list.skip(id, id, "libl5kov cannot be loaded");
-  }
+  skipJavaChecks(list, "libl5kov cannot be loaded");
   return static_cast<int>(list.finish());
 }
 

@@ -11,6 +11,9 @@ namespace kovctl {
 /// out without it. `reason` is what the loader said. Gives the exit code.
 int doctorWithoutLibrary(const std::vector<std::string>& arguments, const std::string& reason);
 
+/// Any other command then. Gives the exit code.
+int failWithoutLibrary(const std::vector<std::string>& arguments, const std::string& reason);
+
 }  // namespace kovctl
 
 #endif  // L5KOV_TOOLS_KOVCTL_DOCTOR_DOCTOR_WITHOUT_LIBRARY_H_

@@ -151,6 +151,7 @@ void checkFiles(CheckList& list, const PluginLayout& layout) {
   checkJars(list, layout);
   checkNameTable(list, layout);
   checkVendorLibraries(list);
+  checkJavaOptions(list);
 }
 
 }  // namespace kovctl

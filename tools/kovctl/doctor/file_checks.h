@@ -13,9 +13,14 @@ void checkRuntime(CheckList& list, const PluginLayout& layout);
 void checkJars(CheckList& list, const PluginLayout& layout);
 void checkNameTable(CheckList& list, const PluginLayout& layout);
 void checkVendorLibraries(CheckList& list);
+/// What the environment tells Java.
+void checkJavaOptions(CheckList& list);
 
 /// All of them.
 void checkFiles(CheckList& list, const PluginLayout& layout);
+
+/// For the checks that need a running Java and have not been made.
+void skipJavaChecks(CheckList& list, const std::string& why);
 
 }  // namespace kovctl
 

@@ -33,6 +33,9 @@ ModeResult activateMode(const lumora::Monitor& monitor, unsigned mode) try {
   return {false,
           fmt::format("look-up table {} should be active, but the monitor says {}", mode, now)};
 } catch (const lumora::kov::java::JavaException& exception) {
+  if (exception.getClassName().find("IndexOutOfBoundsException") != std::string::npos) {
+    return {false, fmt::format("the monitor has no look-up table {}", mode), true};
+  }
   return {false,
           fmt::format("look-up table {} could not be activated ({})", mode, textOf(exception))};
 } catch (const std::exception& exception) {
@@ -60,9 +63,7 @@ ModeResult ModeKeeper::restore() {
   return result;
 }
 
-void ModeKeeper::forget() {
-  forget(monitorName);
-}
+void ModeKeeper::forget() { forget(monitorName); }
 
 std::optional<unsigned> ModeKeeper::remembered(const MonitorName& name) {
   const auto text = sys::readWhole(fileOf(name));
@@ -73,8 +74,6 @@ std::optional<unsigned> ModeKeeper::remembered(const MonitorName& name) {
   return mode;
 }
 
-void ModeKeeper::forget(const MonitorName& name) {
-  sys::removeFile(fileOf(name));
-}
+void ModeKeeper::forget(const MonitorName& name) { sys::removeFile(fileOf(name)); }
 
 }  // namespace kovctl

@@ -15,6 +15,7 @@ namespace kovctl {
 struct ModeResult {
   bool restored = false;
   std::string sentence;  ///< for people: the state of the monitor as it was read back, or why not
+  bool noSuchTable = false;
 };
 
 /// Activates a look-up table and reads back which one is active.

@@ -74,7 +74,7 @@ ExitCode verify(Context& context, const RunOptions& options) {
     const ModeResult active = activateMode(chosen.monitor, static_cast<unsigned>(lut));
     if (!active.restored) {
       context.out().error(active.sentence);
-      code = ExitCode::kCommunication;
+      code = active.noSuchTable ? ExitCode::kUsage : ExitCode::kCommunication;
     }
   }
   if (code == ExitCode::kOk) code = measure(context, options, chosen, station, record);

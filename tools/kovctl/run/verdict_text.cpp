@@ -56,8 +56,8 @@ std::string verdictText(const Console& console, const Verdict& verdict) {
                console.styled(styleOf(criterion.outcome), nameOf(criterion.outcome))});
   }
   std::string text = table.text();
-  const std::string profile =
-      verdict.profile != nullptr ? " (" + std::string(verdict.profile->title) + ")" : "";
+  if (verdict.profile == nullptr) return text + verdict.reason + "\n";
+  const std::string profile = " (" + std::string(verdict.profile->title) + ")";
   const bool isPass = verdict.outcome == Outcome::kPass;
   text += console.styled(isPass ? Console::Style::kGood : Console::Style::kBad,
                          isPass ? "PASS" : "NO PASS") +
