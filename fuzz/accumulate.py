@@ -54,9 +54,12 @@ def targets_of(folder, kept):
                   if name.is_dir() and os.access(folder / name.name, os.X_OK))
 
 
-def words_of(kept, target):
-    file = kept.parent / "dictionaries" / f"{target}.dict"
-    return [f"-dict={file}"] if file.exists() else []
+def options_of(kept, target):
+    words = kept.parent / "dictionaries" / f"{target}.dict"
+    more = kept.parent / "options" / target
+    lines = more.read_text().splitlines() if more.exists() else []
+    return ([f"-dict={words}"] if words.exists() else []) + [
+        line for line in lines if not line.startswith("#")]
 
 
 def start(folder, kept, target, seconds):
@@ -71,7 +74,7 @@ def start(folder, kept, target, seconds):
         os.dup2(out, 1)
         os.dup2(out, 2)
         os.execv(folder / target,
-                 [target, f"-max_total_time={seconds}", *LIMITS, *words_of(kept, target),
+                 [target, f"-max_total_time={seconds}", *LIMITS, *options_of(kept, target),
                   f"-artifact_prefix={folder}/{target}-", str(corpus), str(kept / target)])
     return process, log, time.monotonic()
 

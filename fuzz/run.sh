@@ -13,10 +13,12 @@ fi
 for target in "${targets[@]}"; do
   mkdir -p "$folder/corpus/$target"
   log=$folder/$target.log
-  words=()
-  [ ! -e "$here/dictionaries/$target.dict" ] || words=("-dict=$here/dictionaries/$target.dict")
+  more=()
+  [ ! -e "$here/dictionaries/$target.dict" ] || more=("-dict=$here/dictionaries/$target.dict")
+  [ ! -e "$here/options/$target" ] || mapfile -t -O "${#more[@]}" more < <(grep -v '^#' \
+    "$here/options/$target")
   (cd "$folder" && "./$target" -max_total_time="$seconds" -max_len=4096 -timeout=20 \
-    -rss_limit_mb=4096 -print_final_stats=1 -artifact_prefix="$folder/$target-" "${words[@]}" \
+    -rss_limit_mb=4096 -print_final_stats=1 -artifact_prefix="$folder/$target-" "${more[@]}" \
     "corpus/$target" "$here/corpus/$target") >"$log" 2>&1 || {
     tail -40 "$log" >&2; echo "$target: failed" >&2; exit 1; }
   echo "$target: $(grep -o 'stat::number_of_executed_units:.*' "$log" | grep -o '[0-9]*$') inputs" \

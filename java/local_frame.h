@@ -11,15 +11,16 @@ namespace lumora::kov::java {
 // Throws std::logic_error after DeleteJavaVM() on this thread, and what Env() throws.
 JavaEnv* readyEnv();
 
-// One exported operation's local references: the virtual machine releases them all when the
-// operation returns, so none is deleted one by one. Without it they would pile up until the thread
-// detaches; a thread that lives for weeks would fill the Java heap.
+// The local references of one exported operation, or of one entry of a list that it walks: the
+// virtual machine releases them all when the operation returns, so none is deleted one by one.
+// Without it they would pile up until the thread detaches; a thread that lives for weeks would fill
+// the Java heap.
 class LocalFrame {
  public:
   // How many references the virtual machine is told to expect. It makes room for more by itself;
   // the number keeps its own checks (-Xcheck:jni) quiet.
   static constexpr jint kFew = 32;
-  static constexpr jint kMany = 1024;  // operations that walk a list or poll
+  static constexpr jint kMany = 1024;  // operations that poll or list monitors
 
   // Makes the thread's bindings first if need be: what they keep must outlive the frame.
   explicit LocalFrame(jint capacity = kFew) : javaEnv(readyEnv()), env(javaEnv->env()) {

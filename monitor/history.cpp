@@ -7,6 +7,7 @@
 
 #include "calibration/measurement_device_code_map.h"
 #include "java/java_classes.h"
+#include "java/local_frame.h"
 #include "monitor/display_function.h"
 
 namespace lumora::kov {
@@ -79,6 +80,7 @@ std::vector<KovCalibrationHisInfo> readHistory(java::JavaEnv* thread,
   const std::int32_t size = history.size();
   if (size > 0) result.reserve(static_cast<std::size_t>(size));  // moving records is not cheap
   for (std::int32_t i = 0; i < size; ++i) {
+    const java::LocalFrame entry;  // a history of any length leaves no more than one entry does
     result.push_back(readEntry(java::wrap<JApiExtractedCalibrationData>(thread, history.get(i))));
   }
   return result;

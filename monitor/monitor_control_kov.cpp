@@ -65,7 +65,7 @@ std::string MonitorControlKov::getConnectionType() {
 }
 
 pocketjson::Value MonitorControlKov::getCalibrationTargetData(unsigned int lutNumber) {
-  const LocalFrame frame(LocalFrame::kMany);
+  const LocalFrame frame;
   const auto here = monitor->on(frame.thread());
   return storedTarget(frame.thread(), *here, lutNumber);
 }
@@ -89,7 +89,7 @@ void MonitorControlKov::setCalModeValue(unsigned int position) {
 }
 
 std::vector<KovCalibrationHisInfo> MonitorControlKov::getExtractCalibrationData() {
-  const LocalFrame frame(LocalFrame::kMany);
+  const LocalFrame frame;
   const auto here = monitor->on(frame.thread());
   return readHistory(frame.thread(), *here);
 }

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "java/java_classes.h"
+#include "java/local_frame.h"
 #include "monitor/display_function.h"
 
 namespace lumora::kov {
@@ -35,6 +36,7 @@ pocketjson::Value storedTarget(java::JavaEnv* thread, const java::JApiMonitor& m
   if (history.isNull()) return {};
   const std::int32_t size = history.size();
   for (std::int32_t i = 0; i < size; ++i) {
+    const java::LocalFrame references;  // no more at the end of a long history than of a short one
     const auto entry = java::wrap<JApiExtractedCalibrationData>(thread, history.get(i));
     // Kept: compared as it stands, although history records report one more.
     if (static_cast<std::uint32_t>(entry.getLutNumber()) == lutNumber) {

@@ -55,13 +55,30 @@ bool isWhole(const std::string& path) {
   });
 }
 
+// Whether a Java runtime from another file runs in the process: the host is a Java program. A
+// second one would take the first one's functions for its own and end the process. Loads nothing.
+bool anotherRuns(const std::string& path) {
+  void* const loaded = ::dlopen("libjvm.so", RTLD_LAZY | RTLD_NOLOAD);
+  if (loaded == nullptr) return false;
+  void* const own = ::dlopen(path.c_str(), RTLD_LAZY | RTLD_NOLOAD);
+  using Created = int (*)(void** machines, int room, int* count);
+  const auto created = reinterpret_cast<Created>(::dlsym(loaded, "JNI_GetCreatedJavaVMs"));
+  void* machine = nullptr;
+  int count = 0;
+  const bool runs =
+      own != loaded && created != nullptr && created(&machine, 1, &count) == 0 && count > 0;
+  ::dlclose(loaded);
+  if (own != nullptr) ::dlclose(own);
+  return runs;
+}
+
 }  // namespace
 
 // RTLD_NODELETE: the virtual machine is never destroyed, so its threads still run this code when
 // the library is given back at process exit.
 RuntimeLibrary loadRuntimeLibrary(const std::string& path) {
   const std::string native = nativeLibraryPath(path);
-  if (!isWhole(native)) return nullptr;
+  if (!isWhole(native) || anotherRuns(native)) return nullptr;
   return ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
 }
 

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 """Plants one mistake after the other in a copy of the tree and shows that a test fails for each.
 
-  tools/reliability/mutate.py COPY BUILD [--jobs N] [--table FILE] [--only WORD]
+  tools/reliability/mutate.py COPY BUILD [--jobs N] [--table FILE] [--only WORD] [--skip N]
 
 COPY   a copy of the tree, which is changed and restored (never the tree itself)
 BUILD  a configured and built build folder of that copy, tests included
@@ -76,13 +76,14 @@ def main():
     parser.add_argument("build")
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("--table", type=pathlib.Path)
-    parser.add_argument("--only", default="")
+    parser.add_argument("--only", default="", help="those with this word in file or line")
+    parser.add_argument("--skip", type=int, default=0, help="leave out the first so many")
     given = parser.parse_args()
     here = pathlib.Path(__file__).resolve().parent
     if given.copy.resolve() == here.parent.parent:
         raise SystemExit("COPY is the tree itself")
     wanted = [m for m in mutations((here / "mutations.txt").read_text())
-              if given.only in m["file"] + m["old"]]
+              if given.only in m["file"] + m["old"]][given.skip:]
     rows, bad, begun = [], 0, time.time()
     for mutation in wanted:
         verdict, failing = strike(given.copy, given.build, mutation, given.jobs)

@@ -29,6 +29,7 @@ case "${1:-}" in
     for command in "${all_commands[@]}"; do
       command -v "$command" >/dev/null || wanted+=("$command")
     done
+    python3 -m pip --version >/dev/null 2>&1 || wanted+=(python3-pip)
     ;;
   bench) wanted=("${build[@]}" "${bench[@]}") ;;
   *) echo "usage: $0 build|test|windows|all|bench" >&2; exit 2 ;;
