@@ -139,9 +139,10 @@ std::string targetSection(const ReportView& view) {
     html += row("Minimum luminance, as the library reports it", "", luminance(result.lmin), "");
   html += row("Ambient light", luminance(target.ambient), "", "");
   html += whiteRow(target, e);
-  html +=
-      row("Gray levels", target.levels > 0 ? fmt::format("{}", target.levels) : "library's choice",
-          e.native.empty() ? "" : fmt::format("{}", e.native.size()), "");
+  if (view.record.kind == RunKind::kCalibrate)
+    html += row("Gray levels",
+                target.levels > 0 ? fmt::format("{}", target.levels) : "library's choice",
+                e.native.empty() ? "" : fmt::format("{}", e.native.size()), "");
   if (result.photoSensor)
     html += row("Backlight sensor", "", fmt::format("{}", *result.photoSensor), "");
   return html + "</tbody></table></section>\n";
