@@ -68,6 +68,15 @@ class Interrupt(KovctlTest):
         process = self.calibrate("--limits", "none")
         self.known(self.interrupt_after(process, is_patch(len(total))))
 
+    def test_as_it_ends(self):
+        """The new table is in place when the signal comes: it stays, and that is said."""
+        result = self.interrupt_after(
+            self.calibrate("--limits", "none"),
+            lambda event: event.get("event") == "progress" and event["fraction"] >= 1.0)
+        document = self.known(result)
+        self.assertEqual(result.code, 0, result)
+        self.assertEqual(document["record"]["result"]["monitorState"], "calibrated")
+
     def test_in_the_check(self):
         """The calibration is done by then and stays."""
         process = self.calibrate()
