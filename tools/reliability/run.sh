@@ -13,18 +13,26 @@ cd "$(dirname "$0")/../.."
 out=$PWD/build/reliability
 mkdir -p "$out"
 fake="pocketjson;fake_jvm;support;step_clock;java;platform;monitor;calibration;reliability"
+launcher=()
+if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
 
 # configure NAME ARGUMENTS: a build of the tests over the fake runtime
 configure() {
   local name=$1; shift
   cmake -S . -B "$out/$name" -G Ninja -DL5KOV_BUILD_TOOLS=OFF -DL5KOV_BUILD_BENCH=OFF \
-    "-DL5KOV_TEST_FOLDERS=$fake" -DJAVA_HOME="$JAVA_HOME" "$@" >"$out/$name.configure.log" 2>&1 ||
+    "-DL5KOV_TEST_FOLDERS=$fake" -DJAVA_HOME="$JAVA_HOME" "${launcher[@]}" "$@" \
+    >"$out/$name.configure.log" 2>&1 ||
     { cat "$out/$name.configure.log" >&2; exit 1; }
 }
-build() { cmake --build "$out/$1" -j "$jobs" >"$out/$1.build.log" 2>&1 ||
-  { tail -40 "$out/$1.build.log" >&2; exit 1; }; }
+# build NAME [TARGET...]
+build() {
+  local name=$1; shift
+  cmake --build "$out/$name" -j "$jobs" --target "${@:-all}" >"$out/$name.build.log" 2>&1 ||
+    { tail -40 "$out/$name.build.log" >&2; exit 1; }
+}
 plain() { configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo; build plain; }
-tests() { ctest --test-dir "$out/$1" -j "$jobs" --no-tests=error --output-on-failure -R "$2"; }
+tests() { ctest --test-dir "$out/$1" -j "$jobs" --no-tests=error --output-on-failure -LE slow -R "$2" \
+  -E _NOT_BUILT; }
 vendors() { echo "$out/$1/tests/support/vendor"; }
 
 run_part() {
@@ -36,30 +44,41 @@ run_part() {
     hardening) plain; tests plain '^reliability_(hardening|set_user_id)$' ;;
     faults) plain; tests plain '^(BrokenInstallation|CurrentFolder|CarelessPlugin|NameTable|StartUpFailure|DelegateException)\.' ;;
     sanitize)
+      # All units, kovctl's too, and everything over the fake Java runtime.
       configure sanitize -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 \
-        -DL5KOV_SANITIZE=address,undefined -DL5KOV_BUILD_SIMULATOR=OFF
+        -DL5KOV_SANITIZE=address,undefined -DL5KOV_BUILD_SIMULATOR=OFF -DL5KOV_BUILD_TOOLS=ON \
+        "-DL5KOV_TEST_FOLDERS=$fake;kovctl_report;kovctl"
       build sanitize
       ASAN_OPTIONS=detect_leaks=1 tests sanitize . ;;
     threads)
       configure threads -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 -DL5KOV_SANITIZE=thread \
         -DL5KOV_BUILD_SIMULATOR=OFF
-      build threads
+      build threads reliability_race java_test monitor_thread_test calibrator_cancel_test
       tests threads '^(Race|Threads|HandleOnThreads|HandleOfTheFirstThread|Cancel|StartUp|DeleteJavaVm|JavaExceptionTest)\.' ;;
+    xcheck)
+      tools/setup/java-runtimes.sh "$out/plain/runtimes"
+      configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo "-DL5KOV_TEST_FOLDERS=$fake;real"
+      build plain real_tests
+      ctest --test-dir "$out/plain" -j "$jobs" --no-tests=error --output-on-failure -R '^real\.' ;;
     valgrind)
       plain
       LD_LIBRARY_PATH=$(vendors plain) valgrind --error-exitcode=9 --leak-check=full \
         --show-leak-kinds=definite --errors-for-leak-kinds=definite \
         "$out/plain/bin/reliability_every_call_fails" --gtest_filter='*LookUps*' ;;
     fuzz)
-      plain
-      fuzz/build.sh "$out/fuzz"
-      L5KOV_BUILD=$out/plain fuzz/build.sh "$out/fuzz" target_object
+      fuzz/build.sh "$out/fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
       fuzz/run.sh "$out/fuzz" "${FUZZ_SECONDS:-60}" ;;
+    hours)
+      fuzz/build.sh "$out/fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
+      fuzz/accumulate.py "$out/fuzz" --hours 1 --beside "$jobs" ;;
     long)
-      plain; cmake --build "$out/plain" --target reliability_long_run -j "$jobs" >/dev/null
+      plain; build plain reliability_long_run
       # shellcheck disable=SC2086
-      L5KOV_COMMON_APPDATA=$out/plain/tests/reliability/appdata LD_LIBRARY_PATH=$out/plain/simulator \
-        "$out/plain/bin/reliability_long_run" ${LONG_RUN:-10000000 20000 1000} ;;
+      JAVA_TOOL_OPTIONS=-XX:NativeMemoryTracking=summary \
+        L5KOV_LONG_RUN_PROBE=$PWD/tools/reliability/jvm_memory.sh \
+        L5KOV_COMMON_APPDATA=$out/plain/tests/reliability/appdata LD_LIBRARY_PATH=$out/plain/simulator \
+        "$out/plain/bin/reliability_long_run" ${LONG_RUN:-10000000 20000 1000} >"$out/long.csv"
+      tools/reliability/long_run_report.py "$out/long.csv" --svg "$out/long-run.svg" ;;
     mutate)
       rm -rf "$out/copy"; mkdir -p "$out/copy"; git archive HEAD | tar -x -C "$out/copy"
       cmake -S "$out/copy" -B "$out/mutants" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
@@ -87,8 +106,8 @@ parts=()
 for part in "$@"; do
   case "$part" in
     quick) parts+=(calls allocations race hardening faults) ;;
-    all) parts+=(calls allocations race hardening faults sanitize threads valgrind fuzz long mutate
-                 coverage) ;;
+    all) parts+=(calls allocations race hardening faults sanitize threads valgrind xcheck fuzz long
+                 mutate coverage) ;;
     *) parts+=("$part") ;;
   esac
 done
