@@ -14,23 +14,35 @@ constexpr std::string_view kJreFolder = "com.orva.lumora.jre";
 constexpr std::string_view kDataImportFolder = "com.orva.lumora.dataImport";
 constexpr std::string_view kMonitorFolder = "com.orva.lumora.common.monitorcom.kov";
 
+void dropTrailingSeparator(std::string& text) {
+  if (!text.empty() && (text.back() == '/' || text.back() == '\\')) text.pop_back();
+}
+
 }  // namespace
 
 std::string normalizePath(std::string text) {
-  if (!text.empty() && (text.back() == '/' || text.back() == '\\')) text.pop_back();
+  dropTrailingSeparator(text);
   std::replace(text.begin(), text.end(), '/', '\\');
   return text;
 }
 
 std::string joinPath(std::string base, std::string_view piece) {
-  if (piece.starts_with('\\')) piece.remove_prefix(1);
-  base += '\\';
-  base += piece;
-  return normalizePath(std::move(base));
+  return joinPath(std::move(base), {piece});
 }
 
+// As if the text were normalised after each piece: all its separators are turned once, at the end.
 std::string joinPath(std::string base, std::initializer_list<std::string_view> pieces) {
-  for (const std::string_view piece : pieces) base = joinPath(std::move(base), piece);
+  if (pieces.size() == 0) return base;
+  std::size_t length = base.size();
+  for (const std::string_view piece : pieces) length += 1 + piece.size();
+  base.reserve(length);
+  for (std::string_view piece : pieces) {
+    if (piece.starts_with('\\')) piece.remove_prefix(1);
+    base += '\\';
+    base += piece;
+    dropTrailingSeparator(base);
+  }
+  std::replace(base.begin(), base.end(), '/', '\\');
   return base;
 }
 
