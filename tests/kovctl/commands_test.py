@@ -137,6 +137,19 @@ class Commands(KovctlTest):
         self.assertEqual(document["record"]["monitor"]["lutIndex"], 3)
         self.assertEqual(self.active_lut(), 0)
 
+    def test_verify_without_any_target(self):
+        """Nobody has asked for a luminance, so none is missed; the contrast is judged."""
+        document = self.json("verify", "-m", COLOUR, "--report", self.folder / "run.html", code=4)
+        self.assertEqual(document["record"]["target"]["lmax"], 0.0)
+        outcomes = {one["quantity"]: one for one in document["verdict"]["criteria"]}
+        self.assertEqual(outcomes["Contrast response, largest deviation"]["outcome"], "fail")
+        level = outcomes["Maximum luminance, deviation from target"]
+        self.assertEqual((level["outcome"], level["note"]),
+                         ("not-applicable", "the target has no maximum luminance"))
+        html = (self.folder / "run.html").read_text(encoding="utf-8")
+        self.assertIn('<td class="num">as measured</td>', html)
+        self.assertIn('data-series="target"', html)
+
     def test_keep_mode(self):
         document = self.json("calibrate", "-m", COLOUR, "--lut", "2", "--points", "0",
                              "--keep-mode")

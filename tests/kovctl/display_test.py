@@ -125,12 +125,12 @@ class Argyll(Screen):
         start = time.monotonic()
         result = self.argyll("verify", "--display", "fullscreen", "--timeout", "2", code=7)
         self.assertIn("spotread gave no instrument within 2 s", result.err)
-        self.assertLess(time.monotonic() - start, 30)
+        self.assertLess(time.monotonic() - start, 60)
 
-    def fails_in_the_middle(self, how, text):
+    def fails_in_the_middle(self, how, text, timeout=60):
         self.environment["FAKE_SPOTREAD"] = how
-        result = self.argyll("calibrate", "--lut", "2", "--display", "fullscreen", "--timeout", "2",
-                             "--json", code=7)
+        result = self.argyll("calibrate", "--lut", "2", "--display", "fullscreen", "--timeout",
+                             timeout, "--json", code=7)
         document = schemas.check(result.json)
         self.assertIn(text, document["record"]["result"]["error"]["text"])
         self.assertEqual(document["record"]["result"]["monitorState"], "restored")
@@ -141,7 +141,8 @@ class Argyll(Screen):
         self.fails_in_the_middle("die:9", "spotread ended instead of giving its reading")
 
     def test_instrument_hangs(self):
-        self.fails_in_the_middle("hang:9", "spotread gave no reading within 2 s")
+        # Long enough for the opening, on a busy machine too.
+        self.fails_in_the_middle("hang:9", "spotread gave no reading within 10 s", timeout=10)
 
     def test_misreading(self):
         self.fails_in_the_middle("misread:9", "spotread: ")

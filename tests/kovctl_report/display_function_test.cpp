@@ -120,6 +120,9 @@ TEST(TargetCurve, KeepsTheMeasuredBlackWhereTheTargetSaysSo) {
   info.useMeasuredLmin = true;
   EXPECT_NEAR(wantedCurve(info, 0.34)->luminance(0.0), 0.34, 1e-6);
   EXPECT_NEAR(wantedCurve(info, std::nullopt)->luminance(0.0), 0.5, 1e-6);
+  info.lmax = 0.0;
+  EXPECT_NEAR(wantedCurve(info, 0.34, 300.0)->luminance(1.0), 300.0, 1e-6);
+  EXPECT_FALSE(wantedCurve(info, 0.34));
 }
 
 // The third-party program's own curves for 0.5 to 250 cd/m² in 0.1 cd/m², as "DDL value" lines.

@@ -149,7 +149,8 @@ void addVerifyCommand(CLI::App& program, Context& context) {
   CLI::App* const command =
       program.add_subcommand("verify", "Measure and judge a monitor without calibrating it");
   command->footer(
-      "Without a target, against the one that the monitor remembers for the table, else DICOM.");
+      "Without a target, against the one that the monitor remembers for the table, else DICOM\n"
+      "between the panel's own black and white.");
   const auto options = addCommonOptions(*command);
   command->callback([&context, options] {
     context.command = [&context, options] { return verify(context, *options); };

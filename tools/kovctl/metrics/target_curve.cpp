@@ -84,10 +84,11 @@ double TargetCurve::userDefined(double level) const {
   return black + (white - black) * (value - points.front()) / (points.back() - points.front());
 }
 
-std::optional<TargetCurve> wantedCurve(const TargetInfo& target,
-                                       std::optional<double> measuredLmin) {
+std::optional<TargetCurve> wantedCurve(const TargetInfo& target, std::optional<double> measuredLmin,
+                                       std::optional<double> measuredLmax) {
   const double lmin = target.useMeasuredLmin && measuredLmin ? *measuredLmin : target.lmin;
-  return TargetCurve::of(target, lmin, target.lmax);
+  return TargetCurve::of(target, lmin,
+                         target.lmax > 0.0 ? target.lmax : measuredLmax.value_or(0.0));
 }
 
 }  // namespace kovctl

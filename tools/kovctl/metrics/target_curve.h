@@ -39,9 +39,9 @@ class TargetCurve {
 };
 
 /// The curve that the target asks for: from its own lmin and lmax, or from the measured black where
-/// it keeps that (and `measuredLmin` is known).
-std::optional<TargetCurve> wantedCurve(const TargetInfo& target,
-                                       std::optional<double> measuredLmin);
+/// it keeps that (and `measuredLmin` is known), to the measured white where it has no lmax.
+std::optional<TargetCurve> wantedCurve(const TargetInfo& target, std::optional<double> measuredLmin,
+                                       std::optional<double> measuredLmax = std::nullopt);
 
 }  // namespace kovctl
 

@@ -64,7 +64,7 @@ struct InstrumentInfo {
 
 struct TargetInfo {
   DisplayFunction function = DisplayFunction::kDicom;
-  double lmax = 0.0;
+  double lmax = 0.0;                  ///< 0: the panel's own white
   double lmin = 0.0;
   bool useMeasuredLmin = false;       ///< the panel's own black instead of lmin
   std::optional<double> ambient;      ///< light that the room adds to every level

@@ -26,7 +26,7 @@ bool isDrawable(double luminance) {
 
 Series targetSeries(const RunRecord& record, const Evaluation& evaluation) {
   Series series{"target", "Target", Mark::kDashes, false, {}};
-  const auto curve = wantedCurve(record.target, evaluation.lmin);
+  const auto curve = wantedCurve(record.target, evaluation.lmin, evaluation.lmax);
   if (!curve) return series;
   for (int level = 0; level <= 255; ++level) {
     const double luminance = curve->luminance(level / kWhiteLevel);

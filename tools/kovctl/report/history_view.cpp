@@ -56,7 +56,7 @@ HistoryPoint asHistory(const RunRecord& record, const Evaluation& evaluation,
   point.source = "record";
   if (record.monitor.lutIndex) point.lutNumber = *record.monitor.lutIndex + 1;
   point.workingHours = record.monitor.workingHours;
-  point.targetLmax = record.target.lmax;
+  if (record.target.lmax > 0.0) point.targetLmax = record.target.lmax;
   point.targetLmin = record.target.lmin;
   point.measuredLmax = evaluation.lmax;
   point.measuredLmin = evaluation.lmin;

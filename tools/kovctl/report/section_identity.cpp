@@ -130,8 +130,8 @@ std::string targetSection(const ReportView& view) {
       "<th scope=\"col\" class=\"num\">Result</th><th scope=\"col\" class=\"num\">Difference</th>"
       "</tr></thead><tbody>\n";
   html += row("Display function", escapeHtml(functionText(target)), "", "");
-  html += row("Maximum luminance", luminance(target.lmax), luminance(e.lmax),
-              percentText(e.lmaxDeviation));
+  html += row("Maximum luminance", target.lmax > 0.0 ? luminance(target.lmax) : "as measured",
+              luminance(e.lmax), percentText(e.lmaxDeviation));
   html += row("Minimum luminance",
               target.useMeasuredLmin ? std::string("as measured") : luminance(target.lmin),
               luminance(e.lmin), percentText(e.lminDeviation));

@@ -121,7 +121,7 @@ std::string timelineSection(const ReportView& view) {
 
 std::string pointsSection(const ReportView& view) {
   if (view.record.patches.empty()) return {};
-  const auto curve = wantedCurve(view.record.target, view.evaluation.lmin);
+  const auto curve = wantedCurve(view.record.target, view.evaluation.lmin, view.evaluation.lmax);
   std::string body(kPointsHead);
   for (const PatchResult& patch : view.record.patches)
     body += pointRow(patch, wantedAt(patch, curve));

@@ -33,7 +33,7 @@ HistoryPoint pointOf(const RunRecord& run) {
   point.source = "record";
   if (run.monitor.lutIndex) point.lutNumber = *run.monitor.lutIndex + 1;
   point.workingHours = run.monitor.workingHours;
-  point.targetLmax = run.target.lmax;
+  if (run.target.lmax > 0.0) point.targetLmax = run.target.lmax;
   point.measuredLmax = evaluation.lmax;
   point.measuredLmin = evaluation.lmin;
   point.photoSensor = run.result.photoSensor;

@@ -59,9 +59,15 @@ ExitCode verify(Context& context, const RunOptions& options) {
   const int lut = options.lut.value_or(static_cast<int>(keeper.mode()));
   if (isEmpty(options.target)) {
     const auto stored = storedTarget(chosen.monitor, lut);
-    if (stored) request = *stored;
-    if (!stored)
-      context.out().note("The monitor keeps no target for this table: DICOM is assumed.");
+    if (stored) {
+      request = *stored;
+    } else {
+      // Nobody has asked for a luminance that could be missed.
+      request.target.lmax = 0.0;
+      context.out().note(
+          "The monitor keeps no target for this table: DICOM between its own black and white is "
+          "assumed.");
+    }
   }
   sys::catchInterrupts();
   MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);

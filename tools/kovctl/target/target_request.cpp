@@ -16,9 +16,7 @@ namespace {
 
 constexpr int kMostLevels = 256;
 
-[[noreturn]] void refuse(const std::string& what) {
-  throw Failure(ExitCode::kUsage, what);
-}
+[[noreturn]] void refuse(const std::string& what) { throw Failure(ExitCode::kUsage, what); }
 
 void setWhite(TargetInfo& target, const std::string& text) {
   target.white.reset();
@@ -108,7 +106,7 @@ TargetRequest makeTarget(const TargetFlags& flags) {
 
 std::string describe(const TargetInfo& target) {
   std::string text = functionText(target);
-  text += fmt::format(", {:g} cd/m²", target.lmax);
+  text += target.lmax > 0.0 ? fmt::format(", {:g} cd/m²", target.lmax) : ", measured white";
   text +=
       target.useMeasuredLmin ? ", measured black" : fmt::format(" down to {:g} cd/m²", target.lmin);
   if (target.white) {
