@@ -25,7 +25,8 @@ const Slots& slots() noexcept {
 }
 
 // Called before the thread's modules are told of its end, so the loader's lock is free: the virtual
-// machine may be starting threads of its own, which need it. Called for the end of a fiber too; a
+// machine may be starting threads of its own, which need it. (Wine 8 holds a lock of its own here,
+// which threads that start need too; see docs/windows.md.) Called for the end of a fiber too; a
 // host's fibers share their thread's environment, which then stays.
 void NTAPI atEnd(void* function) {
   if (function == nullptr || ::IsThreadAFiber()) return;
