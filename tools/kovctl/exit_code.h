@@ -4,7 +4,7 @@
 
 namespace kovctl {
 
-/// What scripts rely on; listed for people in docs/kovctl.1.md.
+/// What scripts rely on; listed for people in docs/kovctl.1.
 enum class ExitCode : int {
   kOk = 0,
   kJava = 1,             ///< the maker's Java library failed
