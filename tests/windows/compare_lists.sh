@@ -8,10 +8,10 @@ here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
-# Runtimes of other versions are other runtimes of the same tests.
+# Runtimes of other versions are other runtimes of the same tests; parameters may print otherwise.
 list() {
   ctest --test-dir "$1" -N | sed -nE 's/^ *Test +#[0-9]+: (.*)$/\1/p' |
-    sed -E 's/^real\.jdk[0-9]+\./real.jdk./' | sort -u
+    sed -E 's/^real\.jdk[0-9]+\./real.jdk./; s/ +# GetParam.*//' | sort -u
 }
 list "$1" >"$work/linux"
 list "$2" >"$work/windows"

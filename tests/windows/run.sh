@@ -32,6 +32,8 @@ cmake --preset windows-cross -DCMAKE_CXX_COMPILER_LAUNCHER="$launcher" \
   >"$build.configure.log" 2>&1 || { cat "$build.configure.log" >&2; exit 1; }
 cmake --build "$build" -j "$jobs"
 
+# Programs of this system that an independent oracle needs are not asked for under Wine.
+unset L5KOV_TEST_ALL
 status=0
 ctest --test-dir "$build" -j "$jobs" --output-on-failure --no-tests=error "$@" || status=1
 tests/windows/compare_lists.sh "$native" "$build" || status=1
