@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Puts the last measurements into the document: its tables, and a picture of cost over size.
+"""Puts measurements into the document: the tables and a picture of cost over size of the first ones,
+and the ratios of all of them.
 
-  document.py RESULTS.json DOCUMENT.md PICTURE.svg
+  document.py DOCUMENT.md PICTURE.svg RESULTS.json...
 """
 import json
 import math
@@ -57,12 +58,30 @@ def picture(sizes):
     yield "</svg>"
 
 
-def main(results_path, document_path, picture_path):
-    with open(results_path, encoding="utf-8") as file:
-        results = json.load(file)
+def read(path):
+    with open(path, encoding="utf-8") as file:
+        return json.load(file)
+
+
+def repeated_lines(runs):
+    """The ratios with a limit, run by run, and how busy the machine was."""
+    loads = [f"load {run['load_before']:.0f}" for run in runs]
+    yield "| Work | beside | at most | " + " | ".join(loads) + " |"
+    yield "|---|---|---:|" + "---:|" * len(runs)
+    for of_all in zip(*(run["comparisons"] for run in runs)):
+        first = of_all[0]
+        if first["limit"] is None:
+            continue
+        ratios = " | ".join(f"{one['ratio']:.{4 if one['ratio'] < 0.01 else 2}f}" for one in of_all)
+        yield f"| {first['work']} | {first['baseline'].replace('_', ' ')} | {first['limit']} | {ratios} |"
+
+
+def main(document_path, picture_path, *results_paths):
+    runs = [read(path) for path in results_paths]
     with open(document_path, encoding="utf-8") as file:
         text = file.read()
-    for name, lines in results["tables"].items():
+    tables = dict(runs[0]["tables"], repeated="\n".join(repeated_lines(runs)))
+    for name, lines in tables.items():
         marks = rf"(<!-- {name} -->\n).*?(<!-- end of {name} -->)"
         text, times = re.subn(marks, lambda m, body=lines: f"{m[1]}{body}\n{m[2]}", text,
                               flags=re.DOTALL)
@@ -71,7 +90,7 @@ def main(results_path, document_path, picture_path):
     with open(document_path, "w", encoding="utf-8") as file:
         file.write(text)
     with open(picture_path, "w", encoding="utf-8") as file:
-        file.write("\n".join(picture(results["sizes"])) + "\n")
+        file.write("\n".join(picture(runs[0]["sizes"])) + "\n")
 
 
 main(*sys.argv[1:])

@@ -192,7 +192,8 @@ def main(targets_path, folder):
              "sizes": size_lines(cost_over_size(rows)), "library": fact_lines(facts, rows)}
     parts = {name: "\n".join(lines) for name, lines in parts.items()}
     with open(os.path.join(folder, "results.json"), "w", encoding="utf-8") as file:
-        json.dump({"comparisons": comparisons, "calibration": share, "library": facts,
+        json.dump({"load_before": read(folder, "conditions.json").get("load_before"),
+                   "comparisons": comparisons, "calibration": share, "library": facts,
                    "sizes": cost_over_size(rows), "tables": parts, "measurements": rows}, file,
                   indent=1)
     text = "\n\n".join(parts.values()) + "\n"
