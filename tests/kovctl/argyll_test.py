@@ -53,7 +53,7 @@ class Icc(KovctlTest):
 
     def test_program_that_ends_in_the_middle(self):
         """The instrument is gone: the run ends, and the monitor is put back."""
-        self.settings(patch__delay__ms="20")
+        self.slow_patches()
         process = self.start("calibrate", "-m", COLOUR, "--lut", "2", "--instrument",
                              f"icc:{PROFILES / 'sRGB.icm'}", "--json-lines")
         seen = self.read_until(process, b'"patch":8')

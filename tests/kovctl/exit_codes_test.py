@@ -162,7 +162,7 @@ class ExitCodes(KovctlTest):
         return document, result
 
     def test_130_canceled_and_restored(self):
-        self.settings(patch__delay__ms="30")
+        self.slow_patches()
         document, result = self.canceled(signal.SIGINT, 130)
         self.assertEqual(document["record"]["result"]["monitorState"], "restored")
         self.assertEqual(document["record"]["result"]["error"]["name"], "OM_ERR_CANCELED")
@@ -176,7 +176,7 @@ class ExitCodes(KovctlTest):
         self.assertEqual(len(self.run_kovctl("history", "-m", COLOUR, "--json").json["entries"]), 5)
 
     def test_131_restore_failed(self):
-        self.settings(patch__delay__ms="30")
+        self.slow_patches()
         self.faults({"call": "LookUpTable.activate", "nth": 0, **SENDING})
         document, result = self.canceled(signal.SIGTERM, 131)
         self.assertEqual(document["record"]["result"]["monitorState"], "unknown")

@@ -87,6 +87,10 @@ class KovctlTest(unittest.TestCase):
         values.update({key.replace("__", "."): value for key, value in changes.items()})
         self.write("simulator.properties", values)
 
+    def slow_patches(self):
+        """So that a calibration lasts long enough to be interrupted, on a busy machine too."""
+        self.settings(patch__delay__ms="200")
+
     def faults(self, *faults):
         """Each a dictionary: call, nth, action, class, message …"""
         values = {}

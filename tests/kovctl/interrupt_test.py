@@ -57,6 +57,7 @@ class Interrupt(KovctlTest):
 
     def test_at_the_very_start(self):
         """Before execute() has begun: the library forgets such a request, kovctl does not."""
+        self.slow_patches()
         result = self.interrupt_after(self.calibrate(), lambda event: True)
         self.assertEqual(result.code, 130, result)
         self.known(result)
@@ -86,6 +87,7 @@ class Interrupt(KovctlTest):
         self.known(result)
 
     def test_several_times(self):
+        self.slow_patches()
         process = self.calibrate()
         seen = self.read_until(process, b'"patch":5')
         for _ in range(5):
@@ -97,6 +99,7 @@ class Interrupt(KovctlTest):
         self.known(result)
 
     def test_settles_for_ten_seconds(self):
+        self.slow_patches()
         process = self.calibrate()
         seen = self.read_until(process, b'"patch":5')
         start = time.monotonic()
@@ -115,6 +118,7 @@ class Interrupt(KovctlTest):
         self.assertEqual(self.active_lut(), 0)
 
     def test_killed_run_is_put_back_later(self):
+        self.slow_patches()
         process = self.calibrate()
         seen = self.read_until(process, b'"patch":8')
         process.kill()
@@ -126,6 +130,7 @@ class Interrupt(KovctlTest):
 
     def test_an_abort_that_does_not_get_through(self):
         """Then the run is ended from inside, and the monitor put back all the same."""
+        self.slow_patches()
         self.faults({"call": "Monitor.abortCalibration", "nth": 0, "class": "java.io.IOException",
                      "message": "Error sending data"})
         result = self.interrupt_after(self.calibrate(), is_patch(5))

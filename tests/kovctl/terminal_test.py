@@ -119,8 +119,9 @@ class Terminal(KovctlTest):
 
     def test_control_c(self):
         """As a key, so that it goes to everything in the foreground."""
+        self.slow_patches()
         process, master = self.open("calibrate", "-m", COLOUR, "--lut", "2")
-        self.read(process, master, b"patch 20 of")
+        self.read(process, master, b"patch 10 of")
         os.write(master, b"\x03")
         text = self.read(process, master)
         self.assertEqual(process.returncode, 130, text)
@@ -132,6 +133,7 @@ class Terminal(KovctlTest):
 
     def test_terminal_that_is_closed(self):
         """The window of a remote session is closed: SIGHUP, and nobody reads any more."""
+        self.slow_patches()
         record = self.folder / "run.json"
         process, master = self.open_own("calibrate", "-m", COLOUR, "--lut", "2", "--record", record)
         text = b""
