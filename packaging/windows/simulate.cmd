@@ -31,8 +31,12 @@ if not exist "%monitors%" md "%monitors%"
 if not exist "%profile%" md "%profile%"
 copy /y "%here%simulator\dataImport.jar" "%import%" >nul
 if errorlevel 1 goto failed
-for %%f in (KOVLibrary.jar kovpanel.dll simulator.properties) do copy /y "%here%simulator\%%f" "%monitors%" >nul
-if not exist "%monitors%\KOVLibrary.jar" goto failed
+copy /y "%here%simulator\KOVLibrary.jar" "%monitors%" >nul
+if errorlevel 1 goto failed
+copy /y "%here%simulator\kovpanel.dll" "%monitors%" >nul
+if errorlevel 1 goto failed
+copy /y "%here%simulator\simulator.properties" "%monitors%" >nul
+if errorlevel 1 goto failed
 copy /y "%here%simulator\KovMonitorName.xml" "%profile%" >nul
 if errorlevel 1 goto failed
 
