@@ -19,7 +19,7 @@ import re
 import sys
 import time
 
-LIMITS = ["-max_len=4096", "-timeout=20", "-rss_limit_mb=4096", "-print_final_stats=1"]
+LIMITS = ["-max_len=4096", "-timeout=300", "-rss_limit_mb=4096", "-print_final_stats=1"]
 FIELDS = ["target", "cpu_seconds", "wall_seconds", "inputs", "ended"]
 
 

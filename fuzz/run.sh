@@ -17,7 +17,7 @@ for target in "${targets[@]}"; do
   [ ! -e "$here/dictionaries/$target.dict" ] || more=("-dict=$here/dictionaries/$target.dict")
   [ ! -e "$here/options/$target" ] || mapfile -t -O "${#more[@]}" more < <(grep -v '^#' \
     "$here/options/$target")
-  (cd "$folder" && "./$target" -max_total_time="$seconds" -max_len=4096 -timeout=20 \
+  (cd "$folder" && "./$target" -max_total_time="$seconds" -max_len=4096 -timeout=60 \
     -rss_limit_mb=4096 -print_final_stats=1 -artifact_prefix="$folder/$target-" "${more[@]}" \
     "corpus/$target" "$here/corpus/$target") >"$log" 2>&1 || {
     tail -40 "$log" >&2; echo "$target: failed" >&2; exit 1; }

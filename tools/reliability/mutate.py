@@ -40,7 +40,7 @@ def run(command, **more):
 
 
 def build(folder, jobs):
-    targets = ["l5kov", "l5kov_stepclock", "java_objects_test"]
+    targets = ["l5kov", "l5kov_stepclock", "java_objects_test", "platform_test"]
     return run(["cmake", "--build", folder, "-j", str(jobs), "--target", *targets])
 
 

@@ -39,6 +39,9 @@ def tests_of(program, vendors):
 
 def run(test, given):
     program, name = test
+    if name.startswith("ProcessExit."):
+        # They end a process whose threads go on; the search for leaks cannot stop those and dies.
+        given = dict(given, ASAN_OPTIONS=given["ASAN_OPTIONS"].replace("leaks=1", "leaks=0"))
     ended = subprocess.run([program, f"--gtest_filter={name}"], env=given, text=True,
                            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, errors="replace")
     # A test may expect a process of its own to die, but never a sanitizer's report.
