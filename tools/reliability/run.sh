@@ -2,7 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Produces the figures of docs/reliability.md again.
 #   tools/reliability/run.sh PART...
-# Parts: calls allocations race sanitize threads valgrind hardening faults fuzz long mutate coverage
+# Parts: calls allocations race sanitize threads valgrind hardening faults xcheck fuzz long mutate
+#        coverage, hours (of fuzzing; goes on where it stopped)
 #        quick (what takes less than about a minute once built), all
 # Builds lie in build/reliability; each part writes build/reliability/PART.txt.
 # Environment: FUZZ_SECONDS (60), LONG_RUN ("10000000 20000 1000"), jobs (all cores).
