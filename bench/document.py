@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Puts measurements into the document: the tables and a picture of cost over size of the first ones,
-and the ratios of all of them.
+"""Puts measurements into the document: the tables and a picture of cost over size of the first
+ones, and the ratios of all of them.
 
   document.py DOCUMENT.md PICTURE.svg RESULTS.json...
 """
@@ -72,7 +72,8 @@ def repeated_lines(runs):
         first = of_all[0]
         if first["limit"] is None:
             continue
-        ratios = " | ".join(f"{one['ratio']:.{4 if one['ratio'] < 0.01 else 2}f}" for one in of_all)
+        ratios = " | ".join(f"{one['ratio']:.{4 if one['ratio'] < 0.01 else 2}f}"
+                            for one in of_all)
         yield f"| {first['work']} | {first['baseline'].replace('_', ' ')} | {first['limit']} | {ratios} |"
 
 

@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 """Joins the measurements into one JSON and one table.
 
-  report.py TARGETS.json FOLDER   reads work-*.json, processes.json, facts.json and conditions.json there,
-                                  writes results.json and table.md, and prints the table
+  report.py TARGETS.json FOLDER   reads work-*.json, processes.json, facts.json and
+                                  conditions.json there, writes results.json and table.md, and prints the table
 
 Each ratio is that of two medians over interleaved repetitions; of processes, which are measured in
 turn, it is the median of the ratios of neighbours. What runs on one thread is compared by that
