@@ -30,7 +30,7 @@ void findMonitors() {
   monitors() = KovMonitorManager::get().getMonitors();
 }
 
-// Each search starts a Java thread that ends again.
+// Searches go on meanwhile. The simulated one starts no Java thread of its own.
 int runThreads() {
   findMonitors();
   std::atomic<bool> done{false};
