@@ -114,7 +114,7 @@ TEST(Ratio, OfAListOfMonitors) {
                                [&] {
                                  r.env->PushLocalFrame(1024);
                                  const jobject list = checked(r.env, [&] {
-                                   return r.env->CallObjectMethod(r.library, r.getMonitors);
+                                   return r.env->CallObjectMethod(r.monitorLibrary, r.getMonitors);
                                  });
                                  for (jint i = 0; i < 1000; ++i) {
                                    r.env->DeleteGlobalRef(r.env->NewGlobalRef(checked(r.env, [&] {

@@ -73,7 +73,7 @@ void monitorsByHand(benchmark::State& state) {
     Result result;
     r.env->PushLocalFrame(1024);
     const jobject library =
-        call([&] { return r.env->CallStaticObjectMethod(r.libraryClass, r.getInstance); });
+        call([&] { return r.env->CallStaticObjectMethod(r.monitorLibraryClass, r.getInstance); });
     const jobject list = call([&] { return r.env->CallObjectMethod(library, r.getMonitors); });
     const jint size = call([&] { return r.env->CallIntMethod(list, r.listSize); });
     makeRoom(result, size);

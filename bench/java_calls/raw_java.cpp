@@ -29,12 +29,12 @@ RawJava::RawJava() : env(lumora::kov::java::Env()->env()) {
   doubleClass = kept(env, "java/lang/Double");
   doubleValue = env->GetMethodID(doubleClass, "doubleValue", "()D");
 
-  libraryClass = kept(env, "com/orva/kov/library/impl/KovMonitorLibrary");
-  getInstance = env->GetStaticMethodID(libraryClass, "getInstance",
+  monitorLibraryClass = kept(env, "com/orva/kov/library/impl/KovMonitorLibrary");
+  getInstance = env->GetStaticMethodID(monitorLibraryClass, "getInstance",
                                        "()Lcom/orva/kov/library/api/MonitorLibrary;");
-  getMonitors = env->GetMethodID(libraryClass, "getMonitors", "()Ljava/util/List;");
+  getMonitors = env->GetMethodID(monitorLibraryClass, "getMonitors", "()Ljava/util/List;");
   getMonitor = env->GetMethodID(
-      libraryClass, "getMonitor",
+      monitorLibraryClass, "getMonitor",
       "(Ljava/lang/String;Ljava/lang/String;)Lcom/orva/kov/library/api/Monitor;");
 
   monitorClass = kept(env, "com/orva/kov/library/api/Monitor");
@@ -54,9 +54,9 @@ RawJava::RawJava() : env(lumora::kov::java::Env()->env()) {
   targetClass = kept(env, "com/orva/kov/library/api/CalibrationTargetValues");
   deviceTypeClass = kept(env, "com/orva/kov/library/api/MeasurementDeviceType");
 
-  library = env->NewGlobalRef(env->CallStaticObjectMethod(libraryClass, getInstance));
-  monitor = env->NewGlobalRef(env->CallObjectMethod(library, getMonitor, env->NewStringUTF(kModel),
-                                                    env->NewStringUTF(kSerial)));
+  monitorLibrary = env->NewGlobalRef(env->CallStaticObjectMethod(monitorLibraryClass, getInstance));
+  monitor = env->NewGlobalRef(env->CallObjectMethod(
+      monitorLibrary, getMonitor, env->NewStringUTF(kModel), env->NewStringUTF(kSerial)));
   env->PopLocalFrame(nullptr);
 }
 

@@ -15,10 +15,10 @@ struct RawJava {
   RawJava();
 
   JNIEnv* env;
-  jobject library;  // KovMonitorLibrary
+  jobject monitorLibrary;  // KovMonitorLibrary
   jobject monitor;  // the colour monitor
 
-  jclass listClass, monitorClass, libraryClass, edidClass, lutClass, entryClass, targetClass,
+  jclass listClass, monitorClass, monitorLibraryClass, edidClass, lutClass, entryClass, targetClass,
       deviceTypeClass, integerClass, doubleClass;
   jmethodID listSize, listGet, getInstance, getMonitors, getMonitor;
   jmethodID getModel, getWorkingHours, getConnectionType, getEdidInformation, getLookUpTables,
