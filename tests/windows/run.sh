@@ -3,7 +3,7 @@
 # Installs what is missing, cross-builds for Windows, runs the tests under Wine (over the fake Java
 # runtime and over real ones) and compares the list of tests with that of a build for this system.
 #   tests/windows/run.sh [LINUX-BUILD] [ctest arguments]     (default of LINUX-BUILD: build/test)
-# WINEPREFIX: default build/wine-prefix; made on first use. To be run by one at a time.
+# L5KOV_WINEPREFIX: default build/wine-prefix; made on first use. To be run by one at a time.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
 cd "$root"
@@ -11,7 +11,6 @@ native=${1:-build/test}
 [ $# -eq 0 ] || shift
 build=build/windows-cross
 jobs=${jobs:-$(nproc)}
-export WINEPREFIX=${WINEPREFIX:-$root/build/wine-prefix}
 
 if [ ! -e "$native/CTestTestfile.cmake" ]; then
   echo "$native is no build to compare the list of tests with (./test makes build/test)" >&2

@@ -2,16 +2,16 @@
 # SPDX-License-Identifier: MIT
 # Runs a Windows program under Wine: wine.sh PROGRAM ARGUMENTS...
 #
-# The prefix (WINEPREFIX, default build/wine-prefix) is made on first use. In it the shell takes the
-# common application-data folder from the variable L5KOV_COMMON_APPDATA, so that a test is told its
-# folder as on other systems, and tests can run side by side; default C:\ProgramData. This is a
+# The prefix (L5KOV_WINEPREFIX, default build/wine-prefix) is made on first use. In it the shell takes
+# the common application-data folder from the variable L5KOV_COMMON_APPDATA, so that a test is told
+# its folder as on other systems, and tests can run side by side; default C:\ProgramData. This is a
 # setting of the prefix: the library asks the shell and knows no variable.
 #
 # DLLs are found in the folders of PATH and LD_LIBRARY_PATH that hold some, then where the build tree
 # has those that the program was linked with (dll_folders.cmake).
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
-export WINEPREFIX=${WINEPREFIX:-$root/build/wine-prefix}
+. "$root/tests/windows/wineserver.sh"
 export WINEDEBUG=${WINEDEBUG:--all}
 # No .NET, no web engine: without this Wine offers to install them.
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
@@ -25,17 +25,20 @@ windows_path() {
   esac
 }
 
+ready=$WINEPREFIX/ready
 make_prefix() {
+  mkdir -p "$WINEPREFIX"
+  touch "$WINEPREFIX/of-l5kov-tests"
   "$wine" wineboot -i
   "$wine" reg add "$key" /v 'Common AppData' /t REG_EXPAND_SZ /d '%L5KOV_COMMON_APPDATA%' /f
-  touch "$WINEPREFIX/ready"
+  touch "$ready"
 }
 
-if [ ! -e "$WINEPREFIX/ready" ]; then
+if [ ! -e "$ready" ]; then
   mkdir -p "$(dirname "$WINEPREFIX")"
   exec 9>"$WINEPREFIX.lock"
   flock 9
-  [ -e "$WINEPREFIX/ready" ] || make_prefix >"$WINEPREFIX.log" 2>&1 9>&-
+  [ -e "$ready" ] || make_prefix >"$WINEPREFIX.log" 2>&1 9>&-
   exec 9>&-
 fi
 

@@ -6,7 +6,6 @@
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 build=$1 java=$2 work=$3
-. "$here/wineserver.sh"
 
 fail() {
   echo "$1" >&2
@@ -19,7 +18,10 @@ expect() {  # text, file
 rm -rf "$work"
 mkdir -p "$work/prefix" "$work/unpacked"
 # Nothing of the other tests' prefix: here the shell has its own folder, C:\ProgramData.
-export WINEPREFIX=$work/prefix WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= JAVA_HOME='C:\java'
+root=$(cd "$here/../.." && pwd)
+L5KOV_WINEPREFIX=$work/prefix
+. "$here/wineserver.sh"
+export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= JAVA_HOME='C:\java'
 unset L5KOV_COMMON_APPDATA
 start_wineserver
 trap stop_wineserver EXIT
