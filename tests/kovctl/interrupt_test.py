@@ -128,6 +128,18 @@ class Interrupt(KovctlTest):
         self.assertEqual(self.run_kovctl("restore", "-m", COLOUR, "--json").json["lut"], 0)
         self.assertNotIn("a run was killed", self.run_kovctl("show", "-m", COLOUR).err)
 
+    def test_calibration_that_ends_before_its_abort_returns(self):
+        """The library takes that for done; there is no new table all the same."""
+        self.slow_patches()
+        self.faults({"call": "Monitor.abortCalibration.return", "nth": 0, "action": "delay",
+                     "millis": 1500})
+        start = time.monotonic()
+        result = self.interrupt_after(self.calibrate(), is_patch(5))
+        self.assertGreaterEqual(time.monotonic() - start, 10.0)
+        self.assertEqual(result.code, 130, result)
+        self.assertEqual(self.known(result)["record"]["result"]["error"]["name"],
+                         "OM_ERR_CANCELED")
+
     def test_an_abort_that_does_not_get_through(self):
         """Then the run is ended from inside, and the monitor put back all the same."""
         self.slow_patches()

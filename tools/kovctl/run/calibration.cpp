@@ -3,8 +3,6 @@
 
 #include <fmt/format.h>
 
-#include <thread>
-
 #include "monitors/java_start.h"
 #include "record/patch_roles.h"
 #include "run/cancel_watch.h"
@@ -17,11 +15,10 @@
 namespace kovctl {
 namespace {
 
-constexpr int kSettlingSeconds = 10;
-
 std::string errorText(const lumora::kov::KovCalibrator& calibrator, OmError error) {
   const std::string message = calibrator.getErrorMsg();
   if (!message.empty()) return message;
+  if (error == OM_OK) return "it ended without a result";
   if (error == OM_ERR_COMMUNICATION) return "the monitor does not answer or is no longer attached";
   return "the Java library gave no reason";
 }
@@ -49,9 +46,10 @@ ExitCode Calibration::perform() {
   const OmError error = execute();
   progress.end();
   assignCalibrationRoles(record.patches);
-  // A cancellation that came while the results were being delivered has changed nothing: the new
-  // table is in place.
-  const bool done = error == OM_OK || (error == OM_ERR_CANCELED && delegate.hasFinished());
+  // Kept: execute() alone does not tell. The monitor may give a calibration up before its request
+  // to abort has returned, and that ends as OM_OK without a new table; and a cancellation that came
+  // while the results were being delivered has changed nothing. The results are what counts.
+  const bool done = delegate.hasFinished() && (error == OM_OK || error == OM_ERR_CANCELED);
   const ExitCode code = done ? finish() : endEarly(error);
   return endRun(context, record, options, code);
 }
@@ -141,8 +139,11 @@ ExitCode Calibration::checkResult() {
 
 ExitCode Calibration::endEarly(OmError error) {
   const bool canceled = isInterrupted() || delegate.failure().has_value();
-  ExitCode code = exitCodeOf(error);
+  // After a cancellation that it knows of, execute() has waited already.
+  const bool hasSettled = error == OM_ERR_CANCELED;
   std::string reason = errorText(calibrator, error);
+  if (error == OM_OK) error = canceled ? OM_ERR_CANCELED : OM_ERR_JAVA;
+  ExitCode code = exitCodeOf(error);
   if (delegate.failure()) {
     code = delegate.failure()->code;
     reason = delegate.failure()->what();
@@ -155,22 +156,13 @@ ExitCode Calibration::endEarly(OmError error) {
   context.out().error(code == ExitCode::kCanceled ? "the calibration was canceled"
                                                   : "the calibration has failed: " + reason);
   event("ended early: " + reason);
-  // After a cancellation execute() has waited already.
-  if (canceled && error != OM_ERR_CANCELED) settle();
+  if (canceled && !hasSettled) settle(progress);
   const ModeResult back = keeper.restore();
   record.result.monitorState = back.restored ? MonitorState::kRestored : MonitorState::kUnknown;
   record.result.monitorStateText =
       (back.restored ? "as before the calibration: " : "NOT KNOWN: ") + back.sentence;
   event(back.sentence);
   return back.restored || !canceled ? code : ExitCode::kRestoreFailed;
-}
-
-void Calibration::settle() {
-  for (int left = kSettlingSeconds; left > 0; --left) {
-    progress.countDown("The monitor settles", left);
-    std::this_thread::sleep_for(std::chrono::seconds(1));
-  }
-  progress.end();
 }
 
 void Calibration::event(const std::string& text) {

@@ -28,7 +28,6 @@ class Calibration {
   OmError execute();
   ExitCode finish();
   ExitCode endEarly(OmError error);
-  void settle();
   void takeCalibrationData();
   void activateResult();
   ExitCode checkResult();

@@ -16,6 +16,14 @@ constexpr const char* kSettling = "Canceling; the monitor settles";
 
 }  // namespace
 
+void settle(Progress& progress) {
+  for (int left = kSettlingSeconds; left > 0; --left) {
+    progress.countDown(kSettling, left);
+    std::this_thread::sleep_for(std::chrono::seconds(1));
+  }
+  progress.end();
+}
+
 CancelWatch::CancelWatch(lumora::kov::KovCalibrator& watched, Progress& progressDisplay,
                          std::function<bool()> cancelWanted)
     : calibrator(watched), progress(progressDisplay), isWanted(std::move(cancelWanted)) {

@@ -12,6 +12,9 @@
 
 namespace kovctl {
 
+/// Waits, counting down, as long as a monitor takes after a cancellation.
+void settle(Progress& progress);
+
 /// While a calibration blocks its thread, this one waits for Ctrl-C, a request to terminate or a
 /// failing delegate, cancels the calibration and counts down while the monitor settles. It lives as
 /// long as execute() runs.

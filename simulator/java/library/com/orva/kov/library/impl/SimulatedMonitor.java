@@ -44,6 +44,7 @@ public final class SimulatedMonitor implements Monitor {
   public void abortCalibration() {
     device.pass("Monitor.abortCalibration");
     session.abort();
+    device.pass("Monitor.abortCalibration.return");
   }
 
   @Override
