@@ -6,7 +6,8 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <optional>
+#include <iostream>
+#include <random>
 #include <thread>
 #include <vector>
 
@@ -23,61 +24,83 @@ using lumora::kov::KovMonitorManager;
 using lumora::kov::java::DeleteJavaVM;
 using lumora::kov::java::Env;
 
-Monitor lookUp() {
-  return KovMonitorManager::get().getMonitorByName("L5-X240", "SN0001");
+Monitor lookUp() { return KovMonitorManager::get().getMonitorByName("L5-X240", "SN0001"); }
+
+// When a run is canceled: so many patches into it, and so long after that patch. Behind the last
+// patch the run ends by itself, while the cancel comes.
+struct Moment {
+  static constexpr int kPatches = 20;
+  int patch;
+  std::chrono::microseconds later;
+  bool beforeTheEnd() const { return patch < kPatches; }
+};
+
+// A run that is canceled before its end goes on until it notices, as a monitor would.
+void calibrateUntil(const Moment& moment, CalibrationRun& calibration) {
+  for (int i = 0; i < Moment::kPatches || moment.beforeTheEnd(); ++i) {
+    calibration.draw(i, i, i);
+    if (!calibration.measure()) return;
+    if (i > moment.patch) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  calibration.finishWith(250, 0.5, 812);
 }
 
-// 200 runs, each canceled at another moment of its callbacks; the moment drifts with the machine.
+// One run on this thread and its cancel on another; the run's code and how long it paused.
+struct Canceled {
+  OmError code;
+  std::size_t pauses;
+};
+Canceled cancelAt(const Moment& moment, KovWorld& world, KovCalibrator& calibrator,
+                  RecordingDelegate& delegate) {
+  std::atomic<int> patches{0};
+  delegate.onShow = [&](auto&) { ++patches; };
+  world.onCalibrate([&](CalibrationRun& calibration) { calibrateUntil(moment, calibration); });
+  std::atomic<bool> over{false};
+  std::thread canceler([&] {
+    // Not before the first patch: a cancel before the run begins is lost, and the run endless.
+    while (patches < std::max(moment.patch, 1) && !over) std::this_thread::yield();
+    std::this_thread::sleep_for(moment.later);
+    EXPECT_EQ(calibrator.cancel(), OM_OK);
+  });
+  const std::size_t before = StepClock::get().waits().size();
+  const OmError code = calibrator.execute();
+  over = true;
+  canceler.join();
+  delegate.onShow = nullptr;
+  return {code, StepClock::get().waits().size() - before};
+}
+
+// 200 runs, each canceled at a moment of its own, drawn by lot; the seed is told with each failure.
 TEST(Race, CancelAgainstExecuteEndsEachRunInItsDocumentedCode) {
   FakeJvm jvm;
   Registered registered(jvm);
   KovWorld world(jvm);
   world.addMonitor();
   RecordingDelegate delegate;
+  const unsigned seed = std::random_device()();
+  std::minstd_rand lot(seed);
   int canceled = 0, finished = 0;
   for (int run = 0; run < 200; ++run) {
-    SCOPED_TRACE(run);
+    SCOPED_TRACE(testing::Message() << "run " << run << ", seed " << seed);
+    const Moment moment{std::uniform_int_distribution<>(0, Moment::kPatches)(lot),
+                        std::chrono::microseconds(std::uniform_int_distribution<>(0, 500)(lot))};
     KovCalibrator made("L5-X240", "SN0001", 0, &delegate, "text", "", &delegate);
-    std::atomic<int> patches{0};
-    delegate.onShow = [&](auto&) { ++patches; };
-    // Most runs go on until they notice the cancel, as a monitor would; every twenty-first ends by
-    // itself while the cancel comes.
-    const int moment = run % 21;
-    world.onCalibrate([moment](CalibrationRun& calibration) {
-      for (int i = 0; i < 20 || moment < 20; ++i) {
-        calibration.draw(i, i, i);
-        if (!calibration.measure()) return;
-        if (i > moment) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-      }
-      calibration.finishWith(250, 0.5, 812);
-    });
-    std::atomic<bool> over{false};
-    std::thread canceler([&] {
-      // Not before the first patch: a cancel before the run begins is lost, and the run endless.
-      while (patches < std::max(moment, 1) && !over) std::this_thread::yield();
-      EXPECT_EQ(made.cancel(), OM_OK);
-    });
-    const std::size_t waitsBefore = StepClock::get().waits().size();
-    const OmError ended = made.execute();
-    over = true;
-    canceler.join();
-    const std::size_t waits = StepClock::get().waits().size() - waitsBefore;
-    if (ended == OM_ERR_CANCELED) {
+    const Canceled ended = cancelAt(moment, world, made, delegate);
+    if (moment.beforeTheEnd()) {
+      EXPECT_EQ(ended.code, OM_ERR_CANCELED);
+    }
+    if (ended.code == OM_ERR_CANCELED) {
       ++canceled;
       EXPECT_TRUE(made.isCanceled());
-      EXPECT_EQ(waits, 1u) << "the pause";
+      EXPECT_EQ(ended.pauses, 1u);
     } else {
       ++finished;
-      EXPECT_EQ(ended, OM_OK);
-      EXPECT_EQ(waits, 0u);
+      EXPECT_EQ(ended.code, OM_OK);
+      EXPECT_EQ(ended.pauses, 0u);
     }
     EXPECT_EQ(made.restore(), OM_OK);
-    delegate.onShow = nullptr;
   }
-  RecordProperty("canceled", canceled);
-  RecordProperty("finished", finished);
-  EXPECT_EQ(canceled + finished, 200);
-  EXPECT_GE(canceled, 191) << "all but those that ended by themselves";
+  std::cout << canceled << " canceled, " << finished << " finished, seed " << seed << '\n';
 }
 
 TEST(Race, HandlesCopiedUsedAndDroppedByEightThreads) {
