@@ -7,14 +7,25 @@
 COPY   a copy of the tree, which is changed and restored (never the tree itself)
 BUILD  a configured and built build folder of that copy, tests included
 
-A mistake that no test notices fails the run. One that does not compile is none and fails it too.
+First all tests that will be asked run over the copy as it is; one that fails there ends the run. A
+mistake is noticed when a test fails by its own word (an assertion, a crash, an abort). A time-out
+alone is none: that test runs again by itself, and counts only when it passes its limit there too. A
+mistake that no test notices fails the run. One that does not compile is none and fails it too.
 """
 import argparse
+import collections
 import pathlib
 import re
 import subprocess
 import sys
 import time
+
+TARGETS = ["l5kov", "l5kov_stepclock", "java_objects_test", "platform_test"]
+LIMIT = 120  # seconds of one test, beside others
+ALONE_LIMIT = 240  # and by itself
+# How ctest words the end of a program that failed by its own doing.
+FAILURES = re.compile(r"Failed|SEGFAULT|ILLEGAL|NUMERICAL|Subprocess aborted|Child aborted|"
+                      r"Bus error|OTHER_FAULT")
 
 
 def mutations(text):
@@ -34,40 +45,84 @@ def mutations(text):
         yield found
 
 
-def run(command, **more):
+def run(command):
     return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True,
-                          **more)
+                          errors="replace")
 
 
 def build(folder, jobs):
-    targets = ["l5kov", "l5kov_stepclock", "java_objects_test", "platform_test"]
-    return run(["cmake", "--build", folder, "-j", str(jobs), "--target", *targets])
+    return run(["cmake", "--build", folder, "-j", str(jobs), "--target", *TARGETS])
+
+
+def ask(folder, tests, jobs, limit, *more):
+    """Runs tests; {name: how it ended} of those that did not pass, and how many ran."""
+    said = run(["ctest", "--test-dir", folder, "-R", tests, "-E", "NOT_BUILT", "-LE", "slow",
+                "-j", str(jobs), "--timeout", str(limit), *more]).stdout
+    if "No tests were found" in said:
+        raise SystemExit(f"no test matches {tests}")
+    count = re.search(r"tests failed out of (\d+)", said)
+    ended = dict(re.findall(r"^\s*\d+ - (\S+) \((.*)\)$", said, re.M))
+    return ended, int(count.group(1)) if count else 0
+
+
+def alone(folder, name):
+    """How one test ends by itself; "" when it passes."""
+    return ask(folder, f"^{re.escape(name)}$", 1, ALONE_LIMIT)[0].get(name, "")
+
+
+def check_baseline(folder, wanted, jobs):
+    for test in sorted({mutation["test"] for mutation in wanted}):
+        listed = run(["ctest", "--test-dir", folder, "-N", "-R", test, "-LE", "slow"]).stdout
+        if "Total Tests: 0" in listed:
+            raise SystemExit(f"no test matches {test}")
+    ended, count = ask(folder, "|".join(sorted({m["test"] for m in wanted})), jobs, LIMIT)
+    failing = {name: how for name, how in ended.items()
+               if (alone(folder, name) if how == "Timeout" else how)}
+    if failing or not count:
+        raise SystemExit(f"without any mistake {count} tests ran and these fail: {failing}")
+    print(f"without a mistake: all {count} tests pass", flush=True)
 
 
 def noticed(folder, tests, jobs):
-    """The tests that fail; those that are not built do not count."""
-    said = run(["ctest", "--test-dir", folder, "-R", tests, "-E", "NOT_BUILT", "-j", str(jobs),
-                "--stop-on-failure", "--timeout", "120"])
-    if "No tests were found" in said.stdout:
-        raise SystemExit(f"no test matches {tests}")
-    return re.findall(r"^\s*\d+ - (\S+) \((?:Failed|Timeout|SEGFAULT|.*Abort.*|.*)\)$", said.stdout,
-                      re.M) if said.returncode else []
+    """The first test that fails and how it ended, or nothing."""
+    for more in (["--stop-on-failure"], []):
+        ended, _ = ask(folder, tests, jobs, LIMIT, *more)
+        failing = [(name, how) for name, how in ended.items() if FAILURES.search(how)]
+        if failing:
+            return failing[0]
+        for name in [name for name, how in ended.items() if how == "Timeout"]:
+            again = alone(folder, name)
+            if again == "Timeout" or FAILURES.search(again):
+                return name, f"by itself too: {again}"
+        if not ended:
+            return None
+    return None
 
 
 def strike(copy, folder, mutation, jobs):
     file = copy / mutation["file"]
     original = file.read_text()
     if original.count(mutation["old"]) < 1:
-        return "not in the file", []
+        return "not in the file", ""
     file.write_text(original.replace(mutation["old"], mutation["new"], 1))
     try:
-        built = build(folder, jobs)
-        if built.returncode:
-            return "does not compile", []
-        failing = noticed(folder, mutation["test"], jobs)
-        return ("noticed" if failing else "NOT NOTICED"), failing
+        if build(folder, jobs).returncode:
+            return "does not compile", ""
+        found = noticed(folder, mutation["test"], jobs)
+        return ("noticed", f"{found[0]} ({found[1]})") if found else ("NOT NOTICED", "")
     finally:
         file.write_text(original)
+
+
+def write_table(file, rows):
+    counts = collections.Counter(row[0] for row in rows)
+    lines = ["| in | mistakes |", "|---|---|"]
+    lines += [f"| `{name}` | {count} |" for name, count in counts.items()]
+    lines += [f"| together | {len(rows)} |", "",
+              "| file | line | mistake | first test that fails |", "|---|---|---|---|"]
+    lines += ["| " + " | ".join([row[0], f"`{row[1]}`", f"`{row[2]}`", row[3]]).replace(
+        "||", "\\|\\|") + " |" for row in rows]
+    file.write_text("\n".join(lines) + "\n")
 
 
 def main():
@@ -84,21 +139,22 @@ def main():
         raise SystemExit("COPY is the tree itself")
     wanted = [m for m in mutations((here / "mutations.txt").read_text())
               if given.only in m["file"] + m["old"]][given.skip:]
+    built = build(given.build, given.jobs)
+    if built.returncode:
+        raise SystemExit(built.stdout[-2000:])
+    check_baseline(given.build, wanted, given.jobs)
     rows, bad, begun = [], 0, time.time()
     for mutation in wanted:
-        verdict, failing = strike(given.copy, given.build, mutation, given.jobs)
+        verdict, by = strike(given.copy, given.build, mutation, given.jobs)
         bad += verdict != "noticed"
-        first = failing[0] if failing else verdict
-        rows.append((mutation["file"], mutation["old"].strip().splitlines()[0],
-                     (mutation["new"].strip().splitlines() or ["(dropped)"])[0] or "(dropped)", first))
-        print(f"{verdict:16} {mutation['file']}: {rows[-1][1]} -> {rows[-1][2]}: {first}", flush=True)
+        old = mutation["old"].strip().splitlines()[0]
+        new = (mutation["new"].strip().splitlines() or ["(dropped)"])[0]
+        rows.append((mutation["file"], old, new, by or verdict))
+        print(f"{verdict:16} {mutation['file']}: {old} -> {new}: {by}", flush=True)
     build(given.build, given.jobs)
     print(f"{len(wanted) - bad} of {len(wanted)} mistakes noticed in {time.time() - begun:.0f} s")
     if given.table:
-        lines = ["| file | line | mistake | first test that fails |", "|---|---|---|---|"]
-        lines += ["| " + " | ".join([row[0], f"`{row[1]}`", f"`{row[2]}`", row[3]]).replace("||", "\\|\\|")
-                  + " |" for row in rows]
-        given.table.write_text("\n".join(lines) + "\n")
+        write_table(given.table, rows)
     return 1 if bad else 0
 
 
