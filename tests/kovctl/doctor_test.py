@@ -41,7 +41,7 @@ class Doctor(KovctlTest):
         self.assertIn("112", checks["catalogue"]["found"])
         self.assertIn("x86-64", checks["runtime-library"]["found"])
         self.assertRegex(checks["runtime-version"]["found"], r"^\d+")
-        self.assertEqual(len(checks), 17)
+        self.assertEqual(len(checks), 18)
 
     def test_text_output(self):
         result = self.run_kovctl("doctor")

@@ -25,7 +25,7 @@ class ExitCodes(KovctlTest):
     def test_1_java(self):
         self.faults({"call": "Monitor.getColorType", "nth": 0,
                      "class": "java.lang.IllegalStateException", "message": "firmware too old"})
-        document = self.error("list", code=1)
+        document = self.error("show", "-m", COLOUR, code=1)
         self.assertEqual(document["message"], "java.lang.IllegalStateException: firmware too old")
 
     def test_1_java_during_a_calibration(self):
@@ -120,7 +120,7 @@ class ExitCodes(KovctlTest):
 
     def test_6_communication(self):
         self.faults({"call": "Monitor.getColorType", "nth": 0, **SENDING})
-        self.error("list", code=6)
+        self.error("show", "-m", COLOUR, code=6)
 
     def test_6_communication_during_a_calibration(self):
         self.faults({"call": "Calibration.measure", "nth": 20, **SENDING})

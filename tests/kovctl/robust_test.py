@@ -74,6 +74,18 @@ class OtherVoices(KovctlTest):
         self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
 
 
+    def test_one_monitor_that_answers_in_part_hides_no_other(self):
+        for fault, code in (({"message": "Error sending data"}, 6),
+                            ({"class": "java.lang.IllegalStateException", "message": "too old"},
+                             1)):
+            self.faults({"call": "Monitor.getColorType", "serial": "21500012", "nth": 0, **fault})
+            result = self.run_kovctl("list", "--json", code=code)
+            self.assertEqual([monitor["number"] for monitor in schemas.check(result.json)["monitors"]],
+                             [1, 3, 4])
+            self.assertIn("warning: OR-M215:21500012 does not answer: ", result.err)
+            self.assertEqual(self.run_kovctl("list", code=code).out.count("\n"), 4)
+
+
 class SizeLimit(KovctlTest):
     def test_report_beyond_the_largest_file_size(self):
         """As on a full disk: the old report stays, whole."""

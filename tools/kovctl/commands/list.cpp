@@ -3,6 +3,8 @@
 
 #include "commands/commands.h"
 #include "monitors/found_monitors.h"
+#include "monitors/java_start.h"
+#include "monitors/mode_note.h"
 #include "output/table.h"
 
 namespace kovctl {
@@ -20,10 +22,12 @@ Line lineOf(const lumora::Monitor& monitor, const MonitorName& name, std::size_t
   const std::string package = monitor.getPackageName();
   const auto hours = monitor.getUsageTime().workingHours;
   const unsigned mode = monitor.getCalModeValue();
+  const auto left = ModeNote::read(name);
   Line line;
   line.json = {{"number", number},      {"name", name.text()},   {"model", name.model},
                {"serial", name.serial}, {"colorType", color},    {"connection", connection},
-               {"package", package},    {"workingHours", hours}, {"activeLut", mode}};
+               {"package", package},    {"workingHours", hours}, {"activeLut", mode},
+               {"pendingRestore", left ? Json(*left) : Json(nullptr)}};
   line.cells = {
       std::to_string(number), name.model,          name.serial, color, connection, package,
       std::to_string(hours),  std::to_string(mode)};
@@ -31,7 +35,7 @@ Line lineOf(const lumora::Monitor& monitor, const MonitorName& name, std::size_t
 }
 
 ExitCode list(Context& context) {
-  const FoundMonitors found = findMonitors(context);
+  FoundMonitors found = findMonitors(context);
   Table table({{"No", Table::Align::kRight},
                {"Model"},
                {"Serial"},
@@ -42,15 +46,25 @@ ExitCode list(Context& context) {
                {"LUT", Table::Align::kRight}});
   Json monitors = Json::array();
   for (std::size_t i = 0; i < found.monitors.size(); ++i) {
-    Line line = lineOf(found.monitors[i], found.names[i], i + 1);
-    Json event{{"event", "monitor"}};
-    event.update(line.json);
-    context.out().event(event);
-    monitors.push_back(std::move(line.json));
-    table.add(std::move(line.cells));
+    try {
+      Line line = lineOf(found.monitors[i], found.names[i], i + 1);
+      Json event{{"event", "monitor"}};
+      event.update(line.json);
+      context.out().event(event);
+      monitors.push_back(std::move(line.json));
+      table.add(std::move(line.cells));
+    } catch (const lumora::kov::java::JavaException& exception) {
+      // One that answers in part only hides no other.
+      found.silent = exitCodeOf(exception);
+      context.out().warn(found.names[i].text() + " does not answer: " + textOf(exception));
+    }
   }
-  if (table.isEmpty()) context.out().note("No monitor is attached.");
+  if (table.isEmpty()) context.out().note("No monitor is attached, or none that answers.");
   if (!table.isEmpty()) context.out().print(table.text());
+  for (const MonitorName& name : found.names) {
+    const auto left = ModeNote::read(name);
+    if (left) context.out().warn(ModeNote{name.text(), *left}.sentence());
+  }
   Json document = documentOf("list");
   document["monitors"] = monitors;
   context.out().document(document);

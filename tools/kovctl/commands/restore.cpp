@@ -5,6 +5,7 @@
 #include "failure.h"
 #include "monitors/found_monitors.h"
 #include "monitors/mode_keeper.h"
+#include "monitors/mode_note.h"
 #include "system/interrupts.h"
 
 namespace kovctl {
@@ -13,7 +14,7 @@ namespace {
 // What was asked for, what a killed run has left, or the active table once more.
 unsigned wantedMode(const ChosenMonitor& chosen, std::optional<int> lut) {
   if (lut) return static_cast<unsigned>(*lut);
-  return ModeKeeper::remembered(chosen.name).value_or(chosen.monitor.getCalModeValue());
+  return ModeNote::read(chosen.name).value_or(chosen.monitor.getCalModeValue());
 }
 
 ExitCode restore(Context& context, const std::string& wanted, std::optional<int> lut) {
@@ -23,7 +24,7 @@ ExitCode restore(Context& context, const std::string& wanted, std::optional<int>
   const unsigned mode = wantedMode(chosen, lut);
   const ModeResult result = activateMode(chosen.monitor, mode);
   if (result.noSuchTable && lut) throw Failure(ExitCode::kUsage, result.sentence);
-  if (result.restored) ModeKeeper::forget(chosen.name);
+  if (result.restored) ModeNote::remove(chosen.name);
   const std::string sentence = chosen.name.text() + ": " + result.sentence;
   if (result.restored) {
     context.out().print(sentence + "\n");

@@ -3,7 +3,7 @@
 
 #include "commands/commands.h"
 #include "monitors/found_monitors.h"
-#include "monitors/mode_keeper.h"
+#include "monitors/mode_note.h"
 #include "output/table.h"
 #include "run/stored_target.h"
 
@@ -35,7 +35,7 @@ ExitCode show(Context& context, const std::string& wanted) {
   const MonitorInfo info = monitorInfo(monitor, chosen.name, static_cast<int>(mode));
   const auto history = monitor.getExtractCalibrationData().size();
   const auto target = storedTarget(monitor, static_cast<int>(mode));
-  const auto left = ModeKeeper::remembered(chosen.name);
+  const auto left = ModeNote::read(chosen.name);
   const std::string lock = lockText(monitor);
 
   context.out().print(properties({
@@ -53,11 +53,7 @@ ExitCode show(Context& context, const std::string& wanted) {
       {"Calibrated for", target ? describe(target->target) : "nothing that the monitor remembers"},
       {"Calibrations kept", std::to_string(history)},
   }));
-  if (left) {
-    context.out().warn(fmt::format(
-        "a run was killed while look-up table {} should be put back: see \"kovctl restore\"",
-        *left));
-  }
+  if (left) context.out().warn(ModeNote{chosen.name.text(), *left}.sentence());
   Json document = documentOf("show");
   document["number"] = chosen.number;
   document["model"] = info.model;

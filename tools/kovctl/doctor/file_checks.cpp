@@ -5,6 +5,7 @@
 
 #include "doctor/java_release.h"
 #include "doctor/zip_file.h"
+#include "monitors/mode_note.h"
 #include "system/binary_format.h"
 #include "system/files.h"
 #include "system/shared_library.h"
@@ -145,6 +146,23 @@ void checkVendorLibraries(CheckList& list) {
                {"Colour_tmp2xy"});
 }
 
+void checkModeNotes(CheckList& list) {
+  constexpr const char* kId = "unfinished-runs";
+  constexpr const char* kTitle = "Unfinished runs";
+  std::string found;
+  std::string remedy;
+  for (const ModeNote& note : ModeNote::all()) {
+    found += (found.empty() ? "" : ", ") + note.monitor + ": look-up table " +
+             std::to_string(note.mode) + " was active before";
+    remedy += (remedy.empty() ? "" : ", ") + ("kovctl restore -m " + note.monitor);
+  }
+  if (found.empty()) {
+    list.ok(kId, kTitle, "none that has not been put right");
+  } else {
+    list.warn(kId, kTitle, found, remedy);
+  }
+}
+
 void checkFiles(CheckList& list, const PluginLayout& layout) {
   checkFolders(list, layout);
   checkRuntime(list, layout);
@@ -152,6 +170,7 @@ void checkFiles(CheckList& list, const PluginLayout& layout) {
   checkNameTable(list, layout);
   checkVendorLibraries(list);
   checkJavaOptions(list);
+  checkModeNotes(list);
 }
 
 }  // namespace kovctl

@@ -3,26 +3,10 @@
 
 #include <fmt/format.h>
 
-#include <charconv>
-
 #include "monitors/java_start.h"
-#include "system/files.h"
+#include "monitors/mode_note.h"
 
 namespace kovctl {
-namespace {
-
-// Names come from monitors; a file name takes only what is harmless.
-std::string fileOf(const MonitorName& name) {
-  std::string file = name.model + "-" + name.serial;
-  for (char& c : file) {
-    const bool harmless = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
-                          (c >= 'a' && c <= 'z') || c == '-' || c == '_';
-    if (!harmless) c = '_';
-  }
-  return sys::stateFolder() + "/" + file + ".mode";
-}
-
-}  // namespace
 
 ModeResult activateMode(const lumora::Monitor& monitor, unsigned mode) try {
   monitor.setCalModeValue(mode);
@@ -44,36 +28,33 @@ ModeResult activateMode(const lumora::Monitor& monitor, unsigned mode) try {
 }
 
 ModeKeeper::ModeKeeper(const lumora::Monitor& watched, const MonitorName& name)
-    : monitor(watched), monitorName(name), before(watched.getCalModeValue()) {}
+    : monitor(watched),
+      monitorName(name),
+      found(watched.getCalModeValue()),
+      pendingMode(ModeNote::read(name)) {}
 
 void ModeKeeper::arm() {
-  // What a killed run has left stays until a run ends in order: it is the older state.
-  if (remembered(monitorName)) return;
+  armed = true;
+  // What a killed run has left stays: it is the older state.
+  if (pendingMode) return;
   try {
-    sys::makeFolder(sys::stateFolder());
-    sys::writeWhole(fileOf(monitorName), fmt::format("{}\n", before));
+    ModeNote::write(monitorName, mode());
   } catch (const std::exception&) {
     // Only a run that is killed would need it.
   }
 }
 
 ModeResult ModeKeeper::restore() {
-  const ModeResult result = activateMode(monitor, before);
-  if (result.restored) forget();
+  const ModeResult result = activateMode(monitor, mode());
+  if (result.restored) release(mode());
   return result;
 }
 
-void ModeKeeper::forget() { forget(monitorName); }
-
-std::optional<unsigned> ModeKeeper::remembered(const MonitorName& name) {
-  const auto text = sys::readWhole(fileOf(name));
-  unsigned mode = 0;
-  if (!text) return std::nullopt;
-  const auto result = std::from_chars(text->data(), text->data() + text->size(), mode);
-  if (result.ec != std::errc()) return std::nullopt;
-  return mode;
+// Kept: a killed run's note that says another table stays, whatever this run came to. Only that
+// table's return, or a table that a user names to "kovctl restore", settles it.
+void ModeKeeper::release(unsigned active) {
+  armed = false;
+  if (!pendingMode || *pendingMode == active) ModeNote::remove(monitorName);
 }
-
-void ModeKeeper::forget(const MonitorName& name) { sys::removeFile(fileOf(name)); }
 
 }  // namespace kovctl

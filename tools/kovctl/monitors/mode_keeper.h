@@ -21,28 +21,35 @@ struct ModeResult {
 /// Activates a look-up table and reads back which one is active.
 ModeResult activateMode(const lumora::Monitor& monitor, unsigned mode);
 
-/// The mode that a monitor was in before a run, kept in a file too, so that "kovctl restore" can
-/// put it back after a run that was killed.
+/// The mode that a monitor was in before a run, kept in a note too, so that "kovctl restore" can put
+/// it back after a run that was killed. Where such a note lies, the mode that it says is the one
+/// from before: the active one is what the killed run happened to leave.
 class ModeKeeper {
  public:
   /// @throws JavaException when the monitor cannot say its mode
   ModeKeeper(const lumora::Monitor& watched, const MonitorName& name);
 
-  unsigned mode() const { return before; }
+  /// What restore() puts back.
+  unsigned mode() const { return pendingMode.value_or(found); }
+  /// What was active when this was made.
+  unsigned active() const { return found; }
+  /// What a run that was killed has left, if anything.
+  std::optional<unsigned> pending() const { return pendingMode; }
+
   /// From here on the monitor is changed.
   void arm();
+  /// Whether it has been, and has neither been put back nor released since.
+  bool isArmed() const { return armed; }
   ModeResult restore();
-  /// The run has ended in order; nothing needs to be put back.
-  void forget();
-
-  /// What a run that was killed has left, if anything.
-  static std::optional<unsigned> remembered(const MonitorName& name);
-  static void forget(const MonitorName& name);
+  /// The run has ended in order with that table active; nothing needs to be put back.
+  void release(unsigned active);
 
  private:
   lumora::Monitor monitor;
   MonitorName monitorName;
-  unsigned before;
+  unsigned found;
+  std::optional<unsigned> pendingMode;
+  bool armed = false;
 };
 
 }  // namespace kovctl

@@ -32,6 +32,9 @@ Calibration::Calibration(Context& hostContext, const RunOptions& runOptions,
       request(wanted),
       chosen(monitor),
       keeper(monitor.monitor, monitor.name),
+      // Kept: after a run that was killed, the table that was active before it and not the one that
+      // it happened to leave: that is the one people see and mean. Refusing would leave a monitor
+      // that is calibrated by a script every morning uncalibrated.
       lut(runOptions.lut.value_or(static_cast<int>(keeper.mode()))),
       progress(makeProgress(hostContext)),
       station(hostContext, runOptions.instrument, runOptions.screen, monitor.name.serial),
@@ -42,6 +45,7 @@ Calibration::Calibration(Context& hostContext, const RunOptions& runOptions,
                  runOptions.operatorName, "", &delegate) {}
 
 ExitCode Calibration::perform() {
+  sayPending(context, record, keeper);
   prepare();
   const OmError error = execute();
   progress.end();
@@ -73,7 +77,7 @@ void Calibration::prepare() {
 OmError Calibration::execute() {
   keeper.arm();
   event(fmt::format("calibration of look-up table {} begins; table {} was active", lut,
-                    keeper.mode()));
+                    keeper.active()));
   progress.begin(fmt::format("Calibrating {}", chosen.name.text()), "calibration", std::nullopt);
   CancelWatch watch(calibrator, progress,
                     [this] { return isInterrupted() || delegate.wantsCancel(); });
@@ -90,7 +94,7 @@ ExitCode Calibration::finish() {
   activateResult();
   if (record.result.monitorState == MonitorState::kUnknown) return ExitCode::kCommunication;
   const ExitCode code = checkResult();
-  if (options.keepMode && keeper.mode() != static_cast<unsigned>(lut)) {
+  if (options.keepMode && keeper.isArmed()) {
     const ModeResult back = keeper.restore();
     record.result.monitorStateText += "; then " + back.sentence;
     if (!back.restored) record.result.monitorState = MonitorState::kUnknown;
@@ -116,7 +120,8 @@ void Calibration::activateResult() {
   record.result.monitorStateText = fmt::format(
       "calibrated: look-up table {} holds the new calibration; {}", lut, active.sentence);
   event(active.sentence);
-  if (active.restored) keeper.forget();
+  const bool returns = options.keepMode && keeper.mode() != static_cast<unsigned>(lut);
+  if (active.restored && !returns) keeper.release(static_cast<unsigned>(lut));
 }
 
 // Measured independently of what the library has measured in its run.

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "monitors/mode_note.h"
 #include "record/run_record_json.h"
 #include "run/measurements.h"
 #include "run/run_files.h"
@@ -26,6 +27,13 @@ void sayCalibrationData(Console& console, const RunResult& result) {
   }
 }
 
+// Where a run that was killed has left a note that this one could not settle.
+void warnOfNote(RunRecord& record) {
+  const MonitorName name{record.monitor.model, record.monitor.serial};
+  const auto left = ModeNote::read(name);
+  if (left) record.warnings.push_back(ModeNote{name.text(), *left}.sentence() + ".");
+}
+
 void sayResult(Context& context, const RunRecord& record, const Verdict& verdict) {
   Console& console = context.out();
   if (!record.patches.empty()) console.print(verdictText(console, verdict));
@@ -42,8 +50,17 @@ void sayResult(Context& context, const RunRecord& record, const Verdict& verdict
 
 }  // namespace
 
+void sayPending(Context& context, RunRecord& record, const ModeKeeper& keeper) {
+  if (!keeper.pending()) return;
+  const std::string name = record.monitor.model + ":" + record.monitor.serial;
+  const std::string sentence = ModeNote{name, *keeper.pending()}.sentence();
+  context.out().warn(sentence);
+  record.timeline.push_back({0.0, sentence});
+}
+
 ExitCode endRun(Context& context, RunRecord& record, const RunOptions& options, ExitCode code) {
   record.endTime = utcNow();
+  warnOfNote(record);
   const Verdict verdict = judge(record, evaluate(record));
   ExitCode final = judged(code, record, verdict);
   sayResult(context, record, verdict);

@@ -5,6 +5,7 @@
 #include "cli/context.h"
 #include "metrics/evaluation.h"
 #include "metrics/verdict.h"
+#include "monitors/mode_keeper.h"
 #include "record/run_record.h"
 #include "run/run_options.h"
 
@@ -14,6 +15,9 @@ namespace kovctl {
 /// are wanted. `code` is what the run ended with so far; kOk becomes kOutsideLimits where the
 /// verdict is no pass, and kOutput where a file could not be written.
 ExitCode endRun(Context& context, RunRecord& record, const RunOptions& options, ExitCode code);
+
+/// Warns where an earlier run was killed and has left the monitor in another state.
+void sayPending(Context& context, RunRecord& record, const ModeKeeper& keeper);
 
 /// The criteria of a verdict as a table for people.
 std::string verdictText(const Console& console, const Verdict& verdict);

@@ -73,7 +73,10 @@ ExitCode verify(Context& context, const RunOptions& options) {
   MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);
   RunRecord record =
       startRecord(RunKind::kVerify, chosen, lut, request, options, station.instrument().info());
-  const bool switched = keeper.mode() != static_cast<unsigned>(lut);
+  sayPending(context, record, keeper);
+  // Not the table that a killed run has left active: that goes back where it was, too.
+  const bool switched =
+      keeper.active() != static_cast<unsigned>(lut) || keeper.active() != keeper.mode();
   ExitCode code = ExitCode::kOk;
   if (switched) {
     keeper.arm();

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#include "monitors/mode_note.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <charconv>
+#include <filesystem>
+
+#include "system/files.h"
+
+namespace kovctl {
+namespace {
+
+constexpr const char* kEnding = ".mode";
+
+// Names come from monitors; a file name takes only what is harmless.
+std::string fileOf(const MonitorName& name) {
+  std::string file = name.model + "-" + name.serial;
+  for (char& c : file) {
+    const bool harmless = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
+                          (c >= 'a' && c <= 'z') || c == '-' || c == '_';
+    if (!harmless) c = '_';
+  }
+  return sys::stateFolder() + "/" + file + kEnding;
+}
+
+// The mode, and on a line of its own the monitor's name.
+std::optional<ModeNote> parse(const std::optional<std::string>& text) {
+  if (!text) return std::nullopt;
+  ModeNote note;
+  const char* const end = text->data() + text->size();
+  const auto [rest, error] = std::from_chars(text->data(), end, note.mode);
+  if (error != std::errc()) return std::nullopt;
+  note.monitor.assign(rest, end);
+  std::erase(note.monitor, '\n');
+  return note;
+}
+
+}  // namespace
+
+std::string ModeNote::sentence() const {
+  return fmt::format(
+      "{}: a run was killed or could not put it back; look-up table {} was active before, and "
+      "\"kovctl restore -m {}\" activates it",
+      monitor, mode, monitor);
+}
+
+std::optional<unsigned> ModeNote::read(const MonitorName& name) {
+  const auto note = parse(sys::readWhole(fileOf(name)));
+  if (!note) return std::nullopt;
+  return note->mode;
+}
+
+void ModeNote::write(const MonitorName& name, unsigned mode) {
+  sys::makeFolder(sys::stateFolder());
+  sys::writeWhole(fileOf(name), fmt::format("{}\n{}\n", mode, name.text()));
+}
+
+void ModeNote::remove(const MonitorName& name) { sys::removeFile(fileOf(name)); }
+
+std::vector<ModeNote> ModeNote::all() {
+  const std::string folder = sys::stateFolder();
+  std::vector<ModeNote> notes;
+  std::error_code unreadable;
+  const std::filesystem::path path(std::u8string(folder.begin(), folder.end()));
+  for (const auto& entry : std::filesystem::directory_iterator(path, unreadable)) {
+    if (entry.path().extension() != kEnding) continue;
+    const std::u8string file = entry.path().filename().u8string();
+    auto note = parse(sys::readWhole(folder + "/" + std::string(file.begin(), file.end())));
+    if (note) notes.push_back(std::move(*note));
+  }
+  std::sort(notes.begin(), notes.end(),
+            [](const ModeNote& a, const ModeNote& b) { return a.monitor < b.monitor; });
+  return notes;
+}
+
+}  // namespace kovctl
