@@ -97,6 +97,28 @@ class Commands(KovctlTest):
         other = self.json("report", record, "-o", again, "--limits", "din-6868-157-dental-rk6")
         self.assertNotEqual(other["verdict"], document["verdict"])
 
+    def test_only_the_independent_check_decides(self):
+        record = self.folder / "run.json"
+        document = self.json("calibrate", "-m", COLOUR, "--record", record)
+        self.assertEqual(document["verdict"]["outcome"], "pass")
+        run = document["record"]
+        roles = [patch["role"] for patch in run["patches"]]
+        self.assertEqual((roles.count("library-verify"), roles.count("verify")), (18, 52))
+        self.assertEqual(run["checkPoints"], 52)
+        for patch in run["patches"]:
+            if patch["role"] == "verify":
+                patch["luminance"] *= 1.15
+        record.write_text(json.dumps(run), encoding="utf-8")
+        drawn = self.json("report", record)["verdict"]
+        self.assertEqual(drawn["outcome"], "fail")
+        (white,) = [one for one in drawn["criteria"] if "deviation from target" in one["quantity"]]
+        self.assertGreater(white["value"], 0.13)
+
+    def test_without_a_check_the_librarys_own_verification_decides_and_is_named(self):
+        document = self.json("calibrate", "-m", COLOUR, "--points", "0")
+        self.assertEqual(document["verdict"]["outcome"], "pass")
+        self.assertIn("the library's own verification", document["verdict"]["reason"])
+
     def test_trend(self):
         for _ in range(2):
             self.run_kovctl("calibrate", "-m", COLOUR, "--points", "0", "-q")

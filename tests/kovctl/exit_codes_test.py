@@ -103,6 +103,19 @@ class ExitCodes(KovctlTest):
         self.assertEqual(document["verdict"]["outcome"], "fail")
         self.assertEqual(document["record"]["result"]["monitorState"], "unchanged")
 
+    def test_4_where_the_gray_scale_is_not_judged(self):
+        """Far off a function that no limit is about is no pass."""
+        for function in ("gamma:1.0", "cie", "native"):
+            document = schemas.check(self.run_kovctl(
+                "verify", "-m", COLOUR, "--function", function, "--lmax", "250", "--points", "18",
+                "--limits", "tg270-other", "--json", code=4).json)
+            if document["verdict"]["outcome"] != "fail":
+                self.assertIn("The gray scale is not judged", document["verdict"]["reason"])
+        for room in ("5", "6"):
+            result = self.run_kovctl("verify", "-m", COLOUR, "--points", "18", "--limits",
+                                     f"din-6868-157-dental-rk{room}", code=4)
+            self.assertIn("luminance only): The gray scale is not judged", result.out)
+
     def test_4_but_not_where_nothing_is_judged(self):
         self.run_kovctl("verify", "-m", COLOUR, "--function", "dicom", "--limits", "none")
 

@@ -161,7 +161,7 @@ std::string rolesOf(std::vector<PatchResult> list) {
 
 TEST(PatchRoles, FollowTheOrderOfACalibration) {
   EXPECT_EQ(rolesOf(patches({255, 255, 0, 0, 255, -255, 0, 128, 255, 255, 0, 100, 200, 255})),
-            "wawablblwhprgrgrgrotveveveve");
+            "wawablblwhprgrgrgrotlililili");
 }
 
 TEST(PatchRoles, OneScaleAloneIsTheNativeOne) {

@@ -149,9 +149,14 @@ RunRecord sampleCalibration() {
   Panel panel(record);
   measureNative(panel, 52);
   const auto curve = wantedCurve(record.target, std::nullopt);
-  for (int level = 0; level <= 255; level += 15)
-    panel.gray(level, curve->luminance(level / 255.0) * (1.0 + 0.002 * std::sin(level)));
+  const auto measureResult = [&](PatchRole role) {
+    for (int level = 0; level <= 255; level += 15)
+      panel.gray(level, curve->luminance(level / 255.0) * (1.0 + 0.002 * std::sin(level)), role);
+  };
+  measureResult(PatchRole::kOther);
   assignCalibrationRoles(record.patches);
+  record.checkPoints = 18;
+  measureResult(PatchRole::kVerify);
   finish(record);
   return record;
 }

@@ -113,6 +113,35 @@ TEST(Evaluation, NativeGraysAreKeptApart) {
   EXPECT_NEAR(*e.lmax, 250.0, 2.0);
 }
 
+TEST(Evaluation, TheLibrarysOwnVerificationDecidesNothingBesideACheck) {
+  RunRecord record = exact(5);
+  record.kind = RunKind::kCalibrate;
+  record.checkPoints = 52;
+  for (PatchResult& patch : record.patches) patch.luminance *= 1.15;
+  for (PatchResult patch : exact(15).patches) {
+    patch.role = PatchRole::kLibraryVerify;
+    record.patches.insert(record.patches.begin(), patch);
+  }
+  EXPECT_NEAR(*evaluate(record).lmaxDeviation, 0.15, 1e-6);
+  EXPECT_EQ(verdictOn(record).outcome, Outcome::kFail);
+  // Nor when the check was cut short.
+  std::erase_if(record.patches, [](const auto& patch) { return patch.role == PatchRole::kVerify; });
+  EXPECT_EQ(verdictOn(record).outcome, Outcome::kNotApplicable);
+  EXPECT_TRUE(evaluate(record).measured.empty());
+}
+
+TEST(Evaluation, TheLibrarysOwnVerificationDecidesWhereNoCheckWasWanted) {
+  RunRecord record = exact(15);
+  record.kind = RunKind::kCalibrate;
+  record.checkPoints = 0;
+  for (PatchResult& patch : record.patches) patch.role = PatchRole::kLibraryVerify;
+  const Verdict verdict = verdictOn(record);
+  EXPECT_EQ(verdict.outcome, Outcome::kPass);
+  EXPECT_EQ(verdict.reason,
+            "All 4 limits that apply are met. Measured by the library's own verification; there "
+            "was no independent check.");
+}
+
 TEST(Evaluation, ColourIsMeasuredInUniformCoordinates) {
   RunRecord record = exact(15);
   record.target.white = Chromaticity{0.3127, 0.3290};
@@ -182,13 +211,30 @@ TEST(Verdict, WithoutAKnownProfileNothingIsJudged) {
   }
 }
 
+TEST(Verdict, WithoutALimitOnTheGrayScaleNothingPasses) {
+  RunRecord record = exact(15);
+  for (const char* name : {"din-6868-157-dental-rk5", "din-6868-157-dental-rk6"}) {
+    record.limitsProfile = name;
+    record.patches.back().luminance = 400.0;
+    const Verdict verdict = verdictOn(record);
+    EXPECT_EQ(of(verdict, Quantity::kMaximumLuminance).outcome, Outcome::kPass) << name;
+    EXPECT_EQ(verdict.outcome, Outcome::kNotApplicable) << name;
+    EXPECT_EQ(verdict.reason, "The gray scale is not judged: this profile has no limit on it.");
+    EXPECT_NE(verdict.profile->title.find("luminance only"), std::string_view::npos);
+    record.patches.back().luminance = 100.0;
+    EXPECT_EQ(verdictOn(record).outcome, Outcome::kFail) << name;
+  }
+}
+
 TEST(Verdict, TheContrastLimitIsForDicomOnly) {
   const Verdict verdict = verdictOn(exact(15, DisplayFunction::kExp));
   const Criterion& contrast = of(verdict, Quantity::kContrastResponse);
   EXPECT_TRUE(contrast.value);
   EXPECT_FALSE(contrast.limit);
   EXPECT_EQ(contrast.outcome, Outcome::kNotApplicable);
-  EXPECT_EQ(verdict.outcome, Outcome::kPass);
+  EXPECT_EQ(verdict.outcome, Outcome::kNotApplicable);
+  EXPECT_EQ(verdict.reason,
+            "The gray scale is not judged: the limit is for the DICOM function only.");
 }
 
 TEST(Verdict, NativeFunctionHasNoContrastTarget) {
@@ -196,6 +242,9 @@ TEST(Verdict, NativeFunctionHasNoContrastTarget) {
   EXPECT_FALSE(of(verdict, Quantity::kContrastResponse).value);
   EXPECT_EQ(of(verdict, Quantity::kContrastResponse).note,
             "the native function has no target curve");
+  EXPECT_EQ(verdict.outcome, Outcome::kNotApplicable);
+  EXPECT_EQ(verdict.reason,
+            "The gray scale is not judged: the native function has no target curve.");
 }
 
 TEST(Limits, EveryNumberNamesItsSource) {

@@ -24,10 +24,11 @@ Line lineOf(const lumora::Monitor& monitor, const MonitorName& name, std::size_t
   const unsigned mode = monitor.getCalModeValue();
   const auto left = ModeNote::read(name);
   Line line;
-  line.json = {{"number", number},      {"name", name.text()},   {"model", name.model},
-               {"serial", name.serial}, {"colorType", color},    {"connection", connection},
-               {"package", package},    {"workingHours", hours}, {"activeLut", mode},
-               {"pendingRestore", left ? Json(*left) : Json(nullptr)}};
+  line.json = {{"number", number},    {"name", name.text()},
+               {"model", name.model}, {"serial", name.serial},
+               {"colorType", color},  {"connection", connection},
+               {"package", package},  {"workingHours", hours},
+               {"activeLut", mode},   {"pendingRestore", left ? Json(*left) : Json(nullptr)}};
   line.cells = {
       std::to_string(number), name.model,          name.serial, color, connection, package,
       std::to_string(hours),  std::to_string(mode)};

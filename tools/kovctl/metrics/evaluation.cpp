@@ -96,7 +96,9 @@ void evaluateColour(const RunRecord& record, const Levels& levels, Evaluation& r
 
 Evaluation evaluate(const RunRecord& record) {
   Evaluation result;
-  const Levels levels = meansOf(record, PatchRole::kVerify);
+  result.isLibrarysOwn = record.checkPoints == 0 && record.kind == RunKind::kCalibrate;
+  const Levels levels =
+      meansOf(record, result.isLibrarysOwn ? PatchRole::kLibraryVerify : PatchRole::kVerify);
   result.measured = pointsOf(levels);
   result.native = pointsOf(meansOf(record, PatchRole::kGray));
   evaluateLuminance(record.target, result);

@@ -29,8 +29,9 @@ struct GrayColour {
 struct Evaluation {
   std::vector<GrayPoint> native;    ///< by level; only of a calibration
   std::vector<GrayPoint> measured;  ///< by level; the mean where a level was measured repeatedly
-  std::optional<double> lmax;       ///< the screen's own white
-  std::optional<double> lmin;       ///< the screen's own black
+  bool isLibrarysOwn = false;  ///< `measured` is the library's verification, for want of a check
+  std::optional<double> lmax;  ///< the screen's own white
+  std::optional<double> lmin;  ///< the screen's own black
   std::optional<double> lmaxDeviation;        ///< from the target, as a share, with its sign
   std::optional<double> lminDeviation;        ///< likewise; absent when the target keeps any black
   std::optional<double> luminanceRatio;       ///< white to black, room light included

@@ -81,15 +81,15 @@ constexpr std::array kProfiles{
     LimitsProfile{"tg270-diagnostic", "AAPM Report 270 (2019), diagnostic", kTg270Diagnostic},
     LimitsProfile{"tg270-other", "AAPM Report 270 (2019), other uses", kTg270Other},
     LimitsProfile{"tg18-primary", "AAPM TG-18 (2005), primary", kTg18Primary},
-    LimitsProfile{"din-6868-157-dental-rk5", "DIN 6868-157, dental, room class 5", kDental5},
-    LimitsProfile{"din-6868-157-dental-rk6", "DIN 6868-157, dental, room class 6", kDental6},
+    LimitsProfile{"din-6868-157-dental-rk5", "DIN 6868-157, dental, room class 5, luminance only",
+                  kDental5},
+    LimitsProfile{"din-6868-157-dental-rk6", "DIN 6868-157, dental, room class 6, luminance only",
+                  kDental6},
 };
 
 }  // namespace
 
-std::span<const LimitsProfile> limitsProfiles() {
-  return kProfiles;
-}
+std::span<const LimitsProfile> limitsProfiles() { return kProfiles; }
 
 const LimitsProfile* findLimits(std::string_view name) {
   for (const LimitsProfile& profile : kProfiles)

@@ -86,7 +86,7 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
   if (!criterion.value) criterion.note = whyAbsent(quantity, record);
   const Limit* limit = limitOn(quantity, profile);
   if (!limit) {
-    if (criterion.value && profile) criterion.note = "no limit in this profile";
+    if (criterion.value && profile) criterion.note = "this profile has no limit on it";
     return criterion;
   }
   if (!limitCounts(quantity, record)) {
@@ -102,7 +102,7 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
   return criterion;
 }
 
-void conclude(const RunRecord& record, Verdict& verdict) {
+void conclude(const RunRecord& record, const Evaluation& evaluation, Verdict& verdict) {
   int passed = 0;
   int failed = 0;
   for (const Criterion& criterion : verdict.criteria) {
@@ -110,6 +110,10 @@ void conclude(const RunRecord& record, Verdict& verdict) {
     failed += criterion.outcome == Outcome::kFail;
   }
   const Criterion& contrast = verdict.criteria.front();
+  const std::string addition =
+      evaluation.isLibrarysOwn
+          ? " Measured by the library's own verification; there was no independent check."
+          : "";
   if (record.result.canceled) {
     verdict.reason = "The run was canceled; nothing is judged.";
   } else if (record.result.error) {
@@ -120,13 +124,18 @@ void conclude(const RunRecord& record, Verdict& verdict) {
                          : "The limits profile is not known here; nothing is judged.";
   } else if (failed > 0) {
     verdict.outcome = Outcome::kFail;
-    verdict.reason = fmt::format("{} of {} limits not met.", failed, passed + failed);
-  } else if (passed == 0 || (contrast.limit && !contrast.value)) {
+    verdict.reason = fmt::format("{} of {} limits not met.", failed, passed + failed) + addition;
+  } else if (!contrast.limit) {
+    // Kept: whatever else is within its limits, a gray scale that nobody has judged may be
+    // anything.
+    verdict.reason = "The gray scale is not judged: " + contrast.note + ".";
+  } else if (!contrast.value) {
     verdict.reason = "Too little was measured to judge.";
   } else {
     verdict.outcome = Outcome::kPass;
-    verdict.reason = passed == 1 ? "The one limit that applies is met."
-                                 : fmt::format("All {} limits that apply are met.", passed);
+    verdict.reason = (passed == 1 ? "The one limit that applies is met."
+                                  : fmt::format("All {} limits that apply are met.", passed)) +
+                     addition;
   }
 }
 
@@ -138,7 +147,7 @@ Verdict judge(const RunRecord& record, const Evaluation& evaluation) {
   for (int i = 0; i < kQuantities; ++i)
     verdict.criteria.push_back(
         judgeOne(static_cast<Quantity>(i), record, evaluation, verdict.profile));
-  conclude(record, verdict);
+  conclude(record, evaluation, verdict);
   return verdict;
 }
 

@@ -24,9 +24,9 @@ struct Criterion {
 };
 
 struct Verdict {
-  /// kFail as soon as one criterion fails; kPass when at least one passes and none fails;
-  /// kNotApplicable when nothing could be judged. A run that was canceled or failed, and one whose
-  /// contrast response has a limit that counts but was not measured, is never a pass.
+  /// kFail as soon as one criterion fails; kPass when the contrast response and all others that
+  /// apply are within their limits; else kNotApplicable. So a gray scale on which the profile has
+  /// no limit for the target's function, a canceled and a failed run are never a pass.
   Outcome outcome = Outcome::kNotApplicable;
   std::string reason;  ///< one sentence for people
   const LimitsProfile* profile = nullptr;

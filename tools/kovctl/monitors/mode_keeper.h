@@ -21,9 +21,9 @@ struct ModeResult {
 /// Activates a look-up table and reads back which one is active.
 ModeResult activateMode(const lumora::Monitor& monitor, unsigned mode);
 
-/// The mode that a monitor was in before a run, kept in a note too, so that "kovctl restore" can put
-/// it back after a run that was killed. Where such a note lies, the mode that it says is the one
-/// from before: the active one is what the killed run happened to leave.
+/// The mode that a monitor was in before a run, kept in a note too, so that "kovctl restore" can
+/// put it back after a run that was killed. Where such a note lies, the mode that it says is the
+/// one from before: the active one is what the killed run happened to leave.
 class ModeKeeper {
  public:
   /// @throws JavaException when the monitor cannot say its mode

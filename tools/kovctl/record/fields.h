@@ -161,6 +161,7 @@ void fields(Visitor& visit, ConstOrNot<RunRecord> auto& o) {
   visit("endTime", o.endTime, TextForm::kUtcTime);
   visit("target", o.target);
   visit("limitsProfile", o.limitsProfile, TextForm::kAny);
+  visit("checkPoints", o.checkPoints, kCount);
   visit("patches", o.patches);
   visit("result", o.result);
   visit("timeline", o.timeline);

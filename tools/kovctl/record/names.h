@@ -37,12 +37,13 @@ struct Names<DisplayFunction> {
 
 template <>
 struct Names<PatchRole> {
-  static constexpr std::array<std::pair<PatchRole, std::string_view>, 7> kAll{{
+  static constexpr std::array<std::pair<PatchRole, std::string_view>, 8> kAll{{
       {PatchRole::kWarmUp, "warm-up"},
       {PatchRole::kBlack, "black"},
       {PatchRole::kWhite, "white"},
       {PatchRole::kPrimary, "primary"},
       {PatchRole::kGray, "gray"},
+      {PatchRole::kLibraryVerify, "library-verify"},
       {PatchRole::kVerify, "verify"},
       {PatchRole::kOther, "other"},
   }};

@@ -16,12 +16,8 @@ struct Scale {
   std::size_t end;
 };
 
-bool isGray(const PatchResult& p) {
-  return p.r == p.g && p.g == p.b;
-}
-bool isBlack(const PatchResult& p) {
-  return isGray(p) && p.r == 0;
-}
+bool isGray(const PatchResult& p) { return p.r == p.g && p.g == p.b; }
+bool isBlack(const PatchResult& p) { return isGray(p) && p.r == 0; }
 
 std::vector<Scale> grayScales(const Patches& patches) {
   std::vector<Scale> scales;
@@ -57,7 +53,7 @@ void assignCalibrationRoles(Patches& patches) {
     for (std::size_t i = scale.begin; i < scale.end; ++i) patches[i].role = role;
   };
   if (!scales.empty()) mark(scales.front(), PatchRole::kGray);
-  if (scales.size() > 1) mark(scales.back(), PatchRole::kVerify);
+  if (scales.size() > 1) mark(scales.back(), PatchRole::kLibraryVerify);
 }
 
 }  // namespace kovctl

@@ -12,8 +12,9 @@ namespace kovctl {
 /// patches without saying so. A calibration measures whites until the panel is warm, blacks,
 /// whites, the primaries of a colour panel, the gray scale upwards, and after the correction is
 /// loaded again the gray scale upwards. A gray scale is a run of at least three rising gray levels
-/// that begins with black: the first one is kGray, the last of two or more is kVerify. Whatever
-/// else lies behind the first gray scale is kOther. Works for a calibration that ended early, too.
+/// that begins with black: the first one is kGray, the last of two or more is kLibraryVerify.
+/// Whatever else lies behind the first gray scale is kOther. Works for a calibration that ended
+/// early, too.
 void assignCalibrationRoles(std::vector<PatchResult>& patches);
 
 }  // namespace kovctl

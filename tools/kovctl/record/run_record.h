@@ -23,8 +23,9 @@ enum class RunKind { kCalibrate, kVerify };
 enum class DisplayFunction { kDicom, kCie, kExp, kLogLinear, kLinear, kNative, kUserDefine };
 
 /// What a patch was measured for. In a calibration kGray is the panel before it is corrected (its
-/// native response); kVerify is the panel as it is to be used, and only it decides the verdict.
-enum class PatchRole { kWarmUp, kBlack, kWhite, kPrimary, kGray, kVerify, kOther };
+/// native response), kLibraryVerify what the library measures when it has corrected it. kVerify is
+/// the panel as it is to be used, measured independently, and only it decides the verdict.
+enum class PatchRole { kWarmUp, kBlack, kWhite, kPrimary, kGray, kLibraryVerify, kVerify, kOther };
 
 enum class MonitorState { kCalibrated, kUnchanged, kRestored, kUnknown };
 
@@ -64,7 +65,7 @@ struct InstrumentInfo {
 
 struct TargetInfo {
   DisplayFunction function = DisplayFunction::kDicom;
-  double lmax = 0.0;                  ///< 0: the panel's own white
+  double lmax = 0.0;  ///< 0: the panel's own white
   double lmin = 0.0;
   bool useMeasuredLmin = false;       ///< the panel's own black instead of lmin
   std::optional<double> ambient;      ///< light that the room adds to every level
@@ -156,6 +157,9 @@ struct RunRecord {
   std::string endTime;
   TargetInfo target;
   std::string limitsProfile;  ///< a name that findLimits() knows; empty: nothing is judged
+  /// Gray levels that an independent check was to measure; 0: none was wanted, and the library's
+  /// own verification is all there is.
+  std::optional<int> checkPoints;
   std::vector<PatchResult> patches;
   RunResult result;
   std::vector<TimelineEvent> timeline;

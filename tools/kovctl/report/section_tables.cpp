@@ -46,9 +46,13 @@ std::string historyRow(const HistoryPoint& p) {
          "</td></tr>\n";
 }
 
+bool isVerified(PatchRole role) {
+  return role == PatchRole::kVerify || role == PatchRole::kLibraryVerify;
+}
+
 // The wanted luminance of a verified gray level.
 std::optional<double> wantedAt(const PatchResult& patch, const std::optional<TargetCurve>& curve) {
-  if (!curve || patch.role != PatchRole::kVerify || patch.r != patch.g || patch.g != patch.b)
+  if (!curve || !isVerified(patch.role) || patch.r != patch.g || patch.g != patch.b)
     return std::nullopt;
   return curve->luminance(patch.r / 255.0);
 }

@@ -176,8 +176,6 @@ void Calibration::event(const std::string& text) {
   context.out().event({{"event", "note"}, {"text", text}});
 }
 
-bool Calibration::isInterrupted() const {
-  return sys::interruptCount() > 0;
-}
+bool Calibration::isInterrupted() const { return sys::interruptCount() > 0; }
 
 }  // namespace kovctl

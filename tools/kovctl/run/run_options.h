@@ -7,6 +7,7 @@
 
 #include "display/patch_screen.h"
 #include "instrument/instrument.h"
+#include "record/run_record.h"
 #include "target/target_request.h"
 
 namespace kovctl {
@@ -27,6 +28,12 @@ struct RunOptions {
   std::string record;        ///< JSON file
   std::string reportFolder;  ///< both, named after monitor and time; earlier ones make the trend
 };
+
+/// What is measured once the table is loaded; a run that only measures measures something.
+inline int checkPointsOf(RunKind kind, const RunOptions& options) {
+  constexpr int kFewest = 18;
+  return kind == RunKind::kVerify && options.checkPoints == 0 ? kFewest : options.checkPoints;
+}
 
 }  // namespace kovctl
 

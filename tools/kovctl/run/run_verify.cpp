@@ -33,8 +33,7 @@ ExitCode measure(Context& context, const RunOptions& options, const ChosenMonito
   Progress progress = makeProgress(context);
   const RunClock clock;
   try {
-    if (measureGrayScale(station, progress, clock, record,
-                         options.checkPoints == 0 ? 18 : options.checkPoints,
+    if (measureGrayScale(station, progress, clock, record, checkPointsOf(RunKind::kVerify, options),
                          "Measuring " + chosen.name.text())) {
       return ExitCode::kOk;
     }
