@@ -1,18 +1,22 @@
 // SPDX-License-Identifier: MIT
 // A host that ends in the way that its argument names:
-//   threads             1,000 threads attach, call and end while Java starts and stops threads
+//   threads, threads-released, threads-alone             1,000 threads end; see thread_ends.h
 //   return, exit, ExitProcess             from the main thread, with a virtual machine
 //   ...-inside          while a second thread is inside Java
-//   ...-without         without a virtual machine
+//   ...-attached        on a second thread, which has joined the virtual machine (no return there)
+//   ...-without         without a virtual machine, which was asked for in vain
 #include <l5kov.h>
 #include <windows.h>
 
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
+
+#include "tests/windows/thread_ends.h"
 
 namespace {
 
@@ -30,35 +34,6 @@ void findMonitors() {
   monitors() = KovMonitorManager::get().getMonitors();
 }
 
-// Searches go on meanwhile. The simulated one starts no Java thread of its own.
-int runThreads() {
-  findMonitors();
-  std::atomic<bool> done{false};
-  std::atomic<int> answered{0};
-  std::thread searching([&done] {
-    while (!done) KovMonitorManager::get().find();
-  });
-  constexpr int kThreads = 1000;
-  constexpr int kAtOnce = 10;
-  for (int i = 0; i < kThreads / kAtOnce; ++i) {
-    std::vector<std::thread> threads;
-    for (int k = 0; k < kAtOnce; ++k) {
-      threads.emplace_back([&answered] {
-        if (!monitors().at(0).getModelName().empty()) ++answered;
-      });
-    }
-    for (std::thread& thread : threads) thread.join();
-  }
-  done = true;
-  searching.join();
-  if (answered != kThreads) {
-    std::printf("wrong: %d answers\n", answered.load());
-    return 1;
-  }
-  std::printf("ready\n");
-  return 0;
-}
-
 bool endsWith(const std::string& text, const std::string& end) {
   return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
 }
@@ -74,16 +49,46 @@ void stayInsideJava() {
   while (!inside) ::Sleep(1);
 }
 
-}  // namespace
+bool javaFails() {
+  try {
+    lumora::kov::java::Env();
+  } catch (const std::runtime_error&) {
+    return true;
+  }
+  return false;
+}
 
-int main(int count, char** arguments) {
-  const std::string how = count > 1 ? arguments[1] : "";
-  if (how == "threads") return runThreads();
-  if (!endsWith(how, "-without")) findMonitors();
-  if (endsWith(how, "-inside")) stayInsideJava();
+int endProcess(const std::string& how) {
   std::printf("ready\n");
   std::fflush(stdout);
   if (how.rfind("exit", 0) == 0) std::exit(0);
   if (how.rfind("ExitProcess", 0) == 0) ::ExitProcess(0);
   return 0;
+}
+
+// The thread has an environment that its end would detach. It never comes back from endProcess().
+int endOnAThread(const std::string& how) {
+  std::thread([how] {
+    if (KovMonitorManager::get().getMonitors().empty()) std::printf("wrong: no monitors\n");
+    endProcess(how);
+  }).join();
+  std::printf("wrong: the process goes on\n");
+  return 1;
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  const std::string how = count > 1 ? arguments[1] : "";
+  if (endsWith(how, "-without")) {
+    if (!javaFails()) std::printf("wrong: there is a virtual machine\n");
+    return endProcess(how);
+  }
+  findMonitors();
+  if (how == "threads") return endThreads(monitors().at(0), ThreadEnds::kPlain);
+  if (how == "threads-released") return endThreads(monitors().at(0), ThreadEnds::kReleased);
+  if (how == "threads-alone") return endThreads(monitors().at(0), ThreadEnds::kAlone);
+  if (endsWith(how, "-attached")) return endOnAThread(how);
+  if (endsWith(how, "-inside")) stayInsideJava();
+  return endProcess(how);
 }
