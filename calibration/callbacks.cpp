@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 
 #include "calibration/java_boundary.h"
 #include "calibration/measurement_device_code_map.h"
@@ -17,6 +18,7 @@ namespace lumora::kov {
 namespace {
 
 using java::JApiCalibrationResultValues;
+using java::LocalFrame;
 
 // Kept: the handle is the calibrator's address and nothing checks it.
 KovCalibrator* calibratorOf(std::int64_t handle) {
@@ -52,7 +54,7 @@ OmError KovCalibrator::registerCallback() try {
             &GetMeasurementSerialNumberProc),
       entry("jniGetMeasurementType", "(J)I", &GetMeasurementTypeProc),
   };
-  const java::LocalFrame frame;
+  const LocalFrame frame;
   JNIEnv* env = frame.thread()->env();
   const jclass clazz = java::jni::findClass(env, java::catalogue::kCallbackClass);
   const bool registered =
@@ -119,7 +121,9 @@ void KovCalibrator::appendResults(const java::JList& reported) {
   java::JavaEnv* thread = java::readyEnv();
   const auto kept = resultList->on(thread);
   std::int32_t size = reported.size();
+  std::optional<LocalFrame> further;  // a list of any length leaves no more than a frame announces
   for (std::int32_t i = 0; i < size; ++i) {
+    if (i > 0 && i % LocalFrame::kFew == 0) further.emplace();
     const auto result = java::wrap<JApiCalibrationResultValues>(thread, reported.get(i));
     kept->add(result.reference());
     size = reported.size();

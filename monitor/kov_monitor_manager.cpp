@@ -2,6 +2,7 @@
 #include "lumora/kov/kov_monitor_manager.h"
 
 #include <memory>
+#include <optional>
 #include <stdexcept>
 
 #include "java/java_classes.h"
@@ -64,7 +65,9 @@ std::vector<Monitor> KovMonitorManager::getMonitors() {
   std::vector<Monitor> result;
   const std::int32_t size = list.size();
   if (size > 0) result.reserve(static_cast<std::size_t>(size));
+  std::optional<LocalFrame> further;  // a list of any length leaves no more than a frame announces
   for (std::int32_t i = 0; i < size; ++i) {
+    if (i > 0 && i % LocalFrame::kMany == 0) further.emplace(LocalFrame::kMany);
     result.push_back(handleOf(java::wrap<JApiMonitor>(frame.thread(), list.get(i))));
   }
   return result;

@@ -24,6 +24,11 @@ using RuntimeLibrary = void*;
 
 /// Loads the runtime library. `path` is valid UTF-8. Null on any failure, without a reason: the
 /// caller has one message for all of them.
+///
+/// Null too where a Java virtual machine of another runtime's file runs in the process, on POSIX:
+/// the loader there has one table of names for the process, the second runtime would take the
+/// first one's functions for its own, and the process would end. The loader of Windows keeps each
+/// library's functions apart, so nothing is asked there, and what two runtimes do is theirs.
 RuntimeLibrary loadRuntimeLibrary(const std::string& path);
 /// The address of an export, or null.
 void* findExport(RuntimeLibrary library, const char* name);

@@ -74,6 +74,21 @@ TEST_F(FinishCallback, FinishOfAListThatShrinksEndsEarlier) {
             1);
 }
 
+// The fixture's verdict fails on more local references than announced.
+TEST_F(FinishCallback, TakesThousandResultsInSmallFrames) {
+  KovCalibrator made = calibrator();
+  std::vector<Value> results;
+  for (int i = 0; i < 1000; ++i) results.push_back(world.result("r" + std::to_string(i), 0, 0, i));
+  run(made, [&](CalibrationRun& run) {
+    EXPECT_TRUE(run.finish(fakejvm::makeList(std::move(results), "results")));
+  });
+  const auto added = [](const std::string& line) {
+    return line.rfind("CallBooleanMethodV ArrayList#1.add(r", 0) == 0;
+  };
+  EXPECT_EQ(std::count_if(logInside.begin(), logInside.end(), added), 1000);
+  EXPECT_EQ(std::count(logInside.begin(), logInside.end(), "PushLocalFrame 32"), 1000 / 32);
+}
+
 TEST_F(FinishCallback, FinishWithAnEmptyListAddsNothingAndStillNotifies) {
   KovCalibrator made = calibrator();
   run(made, [](CalibrationRun& run) { EXPECT_TRUE(run.finish(fakejvm::makeList({}, "none"))); });

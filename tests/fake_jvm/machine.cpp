@@ -39,6 +39,17 @@ ThreadState* Machine::attach() {
   return state;
 }
 
+jobject Machine::addLocal(ThreadState& thread, const ObjectRef& object) {
+  Frame& frame = thread.frames.back();
+  const jobject reference = references.addLocal(object, thread.number, frame);
+  if (frame.kind != Frame::Kind::kBase &&
+      frame.locals.size() == frame.announced + Frame::kSlack + 1) {
+    recorder.xcheckWarnings.push_back("JNI local refs: " + std::to_string(frame.locals.size()) +
+                                      ", exceeds capacity: " + std::to_string(frame.announced));
+  }
+  return reference;
+}
+
 void Machine::detach(ThreadState& thread, const std::string& why) {
   for (Frame& frame : thread.frames) references.removeAll(frame, why);
   thread.frames.assign(1, Frame());

@@ -68,9 +68,7 @@ class Machine {
 
   int attachedThreads() const { return static_cast<int>(attached.size()); }
   int pushedFrames() const;
-  jobject addLocal(ThreadState& thread, const ObjectRef& object) {
-    return references.addLocal(object, thread.number, thread.frames.back());
-  }
+  jobject addLocal(ThreadState& thread, const ObjectRef& object);
   ObjectRef newThrowable(const std::string& className, const std::optional<std::string>& message);
   void problem(std::string text) { recorder.problems.push_back(std::move(text)); }
 

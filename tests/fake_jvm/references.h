@@ -19,8 +19,12 @@ struct Frame {
   // kBase: the thread's own, until it detaches. kPushed: PushLocalFrame. kNative: Java called a
   // native method.
   enum class Kind { kBase, kPushed, kNative };
+  // So many references HotSpot 11 takes without a word under -Xcheck:jni: 32 more than announced.
+  static constexpr std::size_t kSlack = 32;
+  static constexpr std::size_t kAnnounced = 32;  // where nobody announces any
   Kind kind = Kind::kBase;
   std::vector<jobject> locals;
+  std::size_t announced = kAnnounced;
 };
 
 // All live references. A reference is a number that is never given out twice, so that every later

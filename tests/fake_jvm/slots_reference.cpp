@@ -66,7 +66,7 @@ jint JNICALL pushLocalFrame(JNIEnv* env, jint capacity) {
   Entry call(env, "PushLocalFrame", PendingRule::kAllowed);
   call.log(std::to_string(capacity));
   if (call.fails(kNoMemory)) return JNI_ENOMEM;
-  call.thread->frames.push_back({Frame::Kind::kPushed, {}});
+  call.thread->frames.push_back({Frame::Kind::kPushed, {}, static_cast<std::size_t>(capacity)});
   return JNI_OK;
 }
 

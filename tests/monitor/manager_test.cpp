@@ -135,6 +135,15 @@ TEST_F(MonitorManager, EmptyJavaListGivesAnEmptyVector) {
   EXPECT_TRUE(manager.getMonitors().empty());
 }
 
+// The fixture's verdict fails on more local references than announced.
+TEST_F(MonitorManager, TwoThousandMonitorsAreListedInFramesOfThousand) {
+  const auto list = world.library->field("monitors").asObject();
+  list->setElements(std::vector<fakejvm::Value>(2100, list->elements()[0]));
+  EXPECT_EQ(manager.getMonitors().size(), 2100U);
+  EXPECT_EQ(jvm.log.startingWith("PushLocalFrame 1024").size(), 3U);
+  EXPECT_EQ(jvm.log.startingWith("PopLocalFrame").size(), 3U);
+}
+
 TEST_F(MonitorManager, ListSizeBelowOneGivesAnEmptyVector) {
   jvm->script(world.library->field("monitors").asObject(), "size", returns(-1));
   EXPECT_TRUE(manager.getMonitors().empty());

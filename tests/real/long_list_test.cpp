@@ -10,12 +10,12 @@ namespace {
 using lumora::kov::KovMonitorManager;
 using realtest::Workstation;
 
-TEST(LongLists, TwoHundredMonitors) {
-  const Workstation workstation("extra.monitors = 196");
+TEST(LongLists, TwoThousandMonitors) {
+  const Workstation workstation("extra.monitors = 1996");
   auto& manager = KovMonitorManager::get();
   manager.find();
   const std::vector<lumora::Monitor> monitors = manager.getMonitors();
-  ASSERT_EQ(monitors.size(), 200U);
+  ASSERT_EQ(monitors.size(), 2000U);
   EXPECT_EQ(monitors.back().getModelName(), "OR-X100");
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A broken plug-in installation, and a hostile surrounding, over the real Java runtime: what the
 // host sees. Each test lays out an installation of its own, with one thing wrong.
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <jni.h>
 
@@ -139,12 +140,17 @@ TEST_F(BrokenInstallation, WithAClassOfANewerJava) {
 }
 
 TEST_F(BrokenInstallation, WithARuntimeOf32Bits) {
-  std::string library = contentOf(fs::canonical("/proc/self/exe")).substr(0, 65536);
+  std::string library = contentOf(plugins() / "com.orva.lumora.jre/jre/lib/server/libjvm.so");
   ASSERT_EQ(library.substr(0, 4),
             "\x7F"
             "ELF");
   library[4] = 1;  // EI_CLASS: ELFCLASS32
-  write(ownRuntime(), library);
+  const fs::path file = ownRuntime();
+  write(file, library);
+  // Whole, so that it is the loader that refuses it, and for its bits.
+  EXPECT_EQ(dlopen(file.c_str(), RTLD_NOW), nullptr);
+  const std::string reason = dlerror();
+  EXPECT_NE(reason.find("wrong ELF class: ELFCLASS32"), std::string::npos) << reason;
   EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
   EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
 }

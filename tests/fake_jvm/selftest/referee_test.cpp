@@ -251,6 +251,17 @@ TEST(FakeXcheck, CallWithoutAnExceptionCheck) {
   s.jvm.allowXcheckWarnings();
 }
 
+TEST(FakeXcheck, MoreLocalReferencesThanAnnounced) {
+  Scene s;
+  s.env->PushLocalFrame(4);
+  for (int i = 0; i < 4 + 32; ++i) s.env->NewLocalRef(s.object);
+  EXPECT_EQ(s.jvm->xcheckWarnings(), Lines());
+  for (int i = 0; i < 40; ++i) s.env->NewLocalRef(s.object);
+  s.env->PopLocalFrame(nullptr);
+  EXPECT_EQ(s.jvm->xcheckWarnings(), (Lines{"JNI local refs: 37, exceeds capacity: 4"}));
+  s.jvm.allowXcheckWarnings();
+}
+
 // --- the fixture's own verdict at the end of a test ---
 
 TEST(FakeVerdict, FailsOnProblems) {

@@ -26,8 +26,9 @@ class JavaEnv;
 /// @return never null; owned by the library
 /// @throws std::logic_error while the thread's own thread-local objects are being destroyed
 /// @throws std::runtime_error "Failed to create Java VM": the runtime library is missing, cannot be
-///         loaded or refuses to start, or the thread cannot be attached. A failed load is not tried
-///         again in this process.
+///         loaded or refuses to start, or the thread cannot be attached; on Linux also when a
+///         virtual machine of another runtime library runs in the process. A failed load is not
+///         tried again in this process.
 /// @throws std::range_error "bad conversion": the path of the runtime library is not valid UTF-8
 L5KOV_API JavaEnv* Env();
 
