@@ -94,8 +94,19 @@ class Commands(KovctlTest):
         drawn = self.json("report", record, "-o", again)
         self.assertEqual(drawn["verdict"], document["verdict"])
         self.assertEqual(again.read_bytes(), report.read_bytes())
-        other = self.json("report", record, "-o", again, "--limits", "din-6868-157-dental-rk6")
+        other = self.json("report", record, "-o", again, "--limits", "din-6868-157-dental-rk6",
+                          code=4)
         self.assertNotEqual(other["verdict"], document["verdict"])
+        none = self.json("report", record, "-o", again, "--limits", "none")
+        self.assertEqual(none["verdict"]["outcome"], "not-applicable")
+
+        # Beside its data by default, but never over a report that is there.
+        before = report.read_bytes()
+        self.assertIn("is there already", self.json("report", record, code=2)["message"])
+        self.assertEqual(report.read_bytes(), before)
+        report.unlink()
+        self.assertEqual(self.json("report", record)["file"], str(report))
+        self.assertEqual(report.read_bytes(), before)
 
     def test_only_the_independent_check_decides(self):
         record = self.folder / "run.json"
@@ -109,7 +120,7 @@ class Commands(KovctlTest):
             if patch["role"] == "verify":
                 patch["luminance"] *= 1.15
         record.write_text(json.dumps(run), encoding="utf-8")
-        drawn = self.json("report", record)["verdict"]
+        drawn = self.json("report", record, code=4)["verdict"]
         self.assertEqual(drawn["outcome"], "fail")
         (white,) = [one for one in drawn["criteria"] if "deviation from target" in one["quantity"]]
         self.assertGreater(white["value"], 0.13)

@@ -93,7 +93,8 @@ class SizeLimit(KovctlTest):
         self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--record", record)
         report = self.folder / "run.html"
         report.write_text("the old one")
-        result = self.run_kovctl("report", record, code=8, by=("prlimit", "--fsize=8192"))
+        result = self.run_kovctl("report", record, "-o", report, code=8,
+                                 by=("prlimit", "--fsize=8192"))
         self.assertIn("File too large", result.err)
         self.assertEqual(report.read_text(), "the old one")
         self.assertEqual(sorted(path.name for path in self.folder.glob("run.*")),

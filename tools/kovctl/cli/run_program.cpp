@@ -41,20 +41,14 @@ ExitCode report(Context& context, const Failure& failure) {
 // Which exit code a failure has that left a command.
 ExitCode runCommand(Context& context) try {
   return context.command();
-} catch (const Failure& failure) {
+} catch (const std::exception& reason) {
+  const Failure failure = asFailure(reason);
   // An interrupt ends the wait for an instrument; once a monitor is changed, runs see to it
   // themselves.
   if (failure.code == ExitCode::kInstrument && sys::interruptCount() > 0) {
     return report(context, Failure(ExitCode::kCanceled, "canceled before anything was changed"));
   }
   return report(context, failure);
-} catch (const lumora::kov::java::JavaException& exception) {
-  return report(context, Failure(exitCodeOf(exception), textOf(exception)));
-} catch (const std::logic_error& error) {
-  // What the monitor search says: "Monitor search error: Timeout.", "Can not find monitor".
-  return report(context, Failure(ExitCode::kCommunication, error.what()));
-} catch (const std::exception& error) {
-  return report(context, Failure(ExitCode::kJava, error.what()));
 }
 
 std::string mistakeOf(const CLI::App& program, const CLI::ParseError& end) {

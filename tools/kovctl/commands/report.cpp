@@ -47,6 +47,11 @@ ExitCode drawReport(Context& context, const ReportOptions& options) {
     record.limitsProfile = options.limits == "none" ? "" : options.limits;
   }
   const std::string path = options.output.empty() ? besides(options.record) : options.output;
+  // It may be the report as it was signed; who wants another in its place says so.
+  if (options.output.empty() && sys::exists(path)) {
+    throw Failure(ExitCode::kUsage, path + " is there already",
+                  {"-o " + path + " overwrites it; another name leaves it."});
+  }
   const auto earlier =
       options.earlier.empty() ? std::vector<HistoryPoint>{} : earlierRuns(options.earlier, record);
   try {
@@ -55,13 +60,14 @@ ExitCode drawReport(Context& context, const ReportOptions& options) {
     throw Failure(ExitCode::kOutput, std::string("no report was written to ") + reason.what());
   }
   const Verdict verdict = judge(record, evaluate(record));
+  const ExitCode code = judgedCode(ExitCode::kOk, record, verdict);
   context.out().print(verdictText(context.out(), verdict));
   context.out().note("Written: " + path);
   Json document = documentOf("report");
   document["file"] = path;
   document["verdict"] = verdictJson(verdict);
   context.out().document(document);
-  return ExitCode::kOk;
+  return code;
 }
 
 }  // namespace
@@ -71,7 +77,7 @@ void addReportCommand(CLI::App& program, Context& context) {
       program.add_subcommand("report", "Draw the report of a run again from its record");
   const auto options = std::make_shared<ReportOptions>();
   command->add_option("FILE", options->record, "Record (JSON) of a run")->required();
-  command->add_option("-o,--output", options->output, "The report (FILE with .html)")
+  command->add_option("-o,--output", options->output, "The report (FILE with .html, unless that is there)")
       ->type_name("FILE");
   command->add_option("--limits", options->limits, "Judge by this profile instead of the record's")
       ->type_name("NAME");

@@ -2,7 +2,6 @@
 #include "monitors/java_start.h"
 
 #include "doctor/plugin_layout.h"
-#include "failure.h"
 #include "system/files.h"
 
 namespace kovctl {
@@ -42,6 +41,17 @@ ExitCode exitCodeOf(const lumora::kov::java::JavaException& exception) {
 ExitCode exitCodeOf(OmError error) {
   if (error >= 0) return ExitCode::kOk;
   return error == OM_ERR_COMMUNICATION ? ExitCode::kCommunication : ExitCode::kJava;
+}
+
+Failure asFailure(const std::exception& reason) {
+  if (const auto failure = dynamic_cast<const Failure*>(&reason)) return *failure;
+  const auto java = dynamic_cast<const lumora::kov::java::JavaException*>(&reason);
+  if (java != nullptr) return Failure(exitCodeOf(*java), textOf(*java));
+  // What the monitor search says: "Monitor search error: Timeout.", "Can not find monitor".
+  if (dynamic_cast<const std::logic_error*>(&reason) != nullptr) {
+    return Failure(ExitCode::kCommunication, reason.what());
+  }
+  return Failure(ExitCode::kJava, reason.what());
 }
 
 const char* nameOf(OmError error) {

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "exit_code.h"
+#include "failure.h"
 
 namespace kovctl {
 
@@ -19,6 +19,9 @@ ExitCode exitCodeOf(const lumora::kov::java::JavaException& exception);
 /// The exit code of a failed calibrator operation.
 ExitCode exitCodeOf(OmError error);
 const char* nameOf(OmError error);
+
+/// What left a command or a run, with the exit code that it has.
+Failure asFailure(const std::exception& reason);
 
 /// "java.io.IOException: message", for people.
 std::string textOf(const lumora::kov::java::JavaException& exception);

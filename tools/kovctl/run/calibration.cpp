@@ -47,6 +47,19 @@ Calibration::Calibration(Context& hostContext, const RunOptions& runOptions,
 ExitCode Calibration::perform() {
   sayPending(context, record, keeper);
   prepare();
+  ExitCode code = ExitCode::kOk;
+  try {
+    code = run();
+  } catch (const std::exception& reason) {
+    // Whatever it was: what has been changed is put back.
+    progress.end();
+    code = takeFailure(context, record, asFailure(reason));
+    if (keeper.isArmed()) putBack();
+  }
+  return endRun(context, record, options, code);
+}
+
+ExitCode Calibration::run() {
   const OmError error = execute();
   progress.end();
   assignCalibrationRoles(record.patches);
@@ -54,8 +67,7 @@ ExitCode Calibration::perform() {
   // to abort has returned, and that ends as OM_OK without a new table; and a cancellation that came
   // while the results were being delivered has changed nothing. The results are what counts.
   const bool done = delegate.hasFinished() && (error == OM_OK || error == OM_ERR_CANCELED);
-  const ExitCode code = done ? finish() : endEarly(error);
-  return endRun(context, record, options, code);
+  return done ? finish() : endEarly(error);
 }
 
 // Nothing has been written to the monitor when this fails.
@@ -135,10 +147,7 @@ ExitCode Calibration::checkResult() {
     event("check finished");
     return ExitCode::kOk;
   } catch (const Failure& reason) {
-    record.result.error =
-        RunError{static_cast<int>(reason.code), nameOf(reason.code), reason.what()};
-    context.out().error(reason.what());
-    return reason.code;
+    return takeFailure(context, record, reason);
   }
 }
 
@@ -162,12 +171,16 @@ ExitCode Calibration::endEarly(OmError error) {
                                                   : "the calibration has failed: " + reason);
   event("ended early: " + reason);
   if (canceled && !hasSettled) settle(progress);
+  return putBack() || !canceled ? code : ExitCode::kRestoreFailed;
+}
+
+bool Calibration::putBack() {
   const ModeResult back = keeper.restore();
   record.result.monitorState = back.restored ? MonitorState::kRestored : MonitorState::kUnknown;
   record.result.monitorStateText =
       (back.restored ? "as before the calibration: " : "NOT KNOWN: ") + back.sentence;
   event(back.sentence);
-  return back.restored || !canceled ? code : ExitCode::kRestoreFailed;
+  return back.restored;
 }
 
 void Calibration::event(const std::string& text) {

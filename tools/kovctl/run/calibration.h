@@ -25,9 +25,12 @@ class Calibration {
 
  private:
   void prepare();
+  ExitCode run();
   OmError execute();
   ExitCode finish();
   ExitCode endEarly(OmError error);
+  /// Tells whether it has worked.
+  bool putBack();
   void takeCalibrationData();
   void activateResult();
   ExitCode checkResult();

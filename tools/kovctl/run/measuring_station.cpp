@@ -39,13 +39,18 @@ void MeasuringStation::show(const Patch& patch) {
   device->showPatch(patch);
 }
 
-Reading MeasuringStation::measure() {
+// An instrument's library may fail in any way.
+Reading MeasuringStation::measure() try {
   const Reading reading = device->measure();
   if (!screen->isOpen()) throw Failure(ExitCode::kInstrument, "the patch window was closed");
   if (!std::isfinite(reading.luminance)) {
     throw Failure(ExitCode::kInstrument, "the instrument's reading is not a number");
   }
   return reading;
+} catch (const Failure&) {
+  throw;
+} catch (const std::exception& reason) {
+  throw Failure(ExitCode::kInstrument, std::string("the instrument: ") + reason.what());
 }
 
 Progress makeProgress(Context& context) {

@@ -11,12 +11,6 @@
 namespace kovctl {
 namespace {
 
-ExitCode judged(ExitCode code, const RunRecord& record, const Verdict& verdict) {
-  if (code != ExitCode::kOk || verdict.outcome == Outcome::kPass) return code;
-  // Where nothing is to be judged, nothing can be outside.
-  return record.limitsProfile.empty() ? code : ExitCode::kOutsideLimits;
-}
-
 // What KovCalibrator::getCalibrationData() gave; a check of the monitor gives nothing.
 void sayCalibrationData(Console& console, const RunResult& result) {
   if (result.photoSensor) {
@@ -50,6 +44,18 @@ void sayResult(Context& context, const RunRecord& record, const Verdict& verdict
 
 }  // namespace
 
+ExitCode takeFailure(Context& context, RunRecord& record, const Failure& failure) {
+  record.result.error =
+      RunError{static_cast<int>(failure.code), nameOf(failure.code), failure.what()};
+  context.out().error(failure.what());
+  return failure.code;
+}
+
+ExitCode judgedCode(ExitCode code, const RunRecord& record, const Verdict& verdict) {
+  if (code != ExitCode::kOk || verdict.outcome == Outcome::kPass) return code;
+  return record.limitsProfile.empty() ? code : ExitCode::kOutsideLimits;
+}
+
 void sayPending(Context& context, RunRecord& record, const ModeKeeper& keeper) {
   if (!keeper.pending()) return;
   const std::string name = record.monitor.model + ":" + record.monitor.serial;
@@ -62,7 +68,7 @@ ExitCode endRun(Context& context, RunRecord& record, const RunOptions& options, 
   record.endTime = utcNow();
   warnOfNote(record);
   const Verdict verdict = judge(record, evaluate(record));
-  ExitCode final = judged(code, record, verdict);
+  ExitCode final = judgedCode(code, record, verdict);
   sayResult(context, record, verdict);
   const FilesWritten files = writeRunFiles(context, record, options);
   if (!files.allWritten && final == ExitCode::kOk) final = ExitCode::kOutput;

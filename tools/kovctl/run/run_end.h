@@ -3,6 +3,7 @@
 #define L5KOV_TOOLS_KOVCTL_RUN_RUN_END_H_
 
 #include "cli/context.h"
+#include "failure.h"
 #include "metrics/evaluation.h"
 #include "metrics/verdict.h"
 #include "monitors/mode_keeper.h"
@@ -15,6 +16,13 @@ namespace kovctl {
 /// are wanted. `code` is what the run ended with so far; kOk becomes kOutsideLimits where the
 /// verdict is no pass, and kOutput where a file could not be written.
 ExitCode endRun(Context& context, RunRecord& record, const RunOptions& options, ExitCode code);
+
+/// Says why a run failed and puts that into its record; the exit code.
+ExitCode takeFailure(Context& context, RunRecord& record, const Failure& failure);
+
+/// kOutsideLimits in place of kOk where a verdict is no pass; where no limits were chosen, nothing
+/// can be outside.
+ExitCode judgedCode(ExitCode code, const RunRecord& record, const Verdict& verdict);
 
 /// Warns where an earlier run was killed and has left the monitor in another state.
 void sayPending(Context& context, RunRecord& record, const ModeKeeper& keeper);

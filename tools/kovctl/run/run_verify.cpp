@@ -3,6 +3,7 @@
 
 #include "failure.h"
 #include "monitors/found_monitors.h"
+#include "monitors/java_start.h"
 #include "monitors/mode_keeper.h"
 #include "run/check_measurement.h"
 #include "run/record_start.h"
@@ -40,11 +41,10 @@ ExitCode measure(Context& context, const RunOptions& options, const ChosenMonito
     record.result.canceled = true;
     context.out().error("the measurement was canceled");
     return ExitCode::kCanceled;
-  } catch (const Failure& reason) {
-    record.result.error =
-        RunError{static_cast<int>(reason.code), nameOf(reason.code), reason.what()};
-    context.out().error(reason.what());
-    return reason.code;
+  } catch (const std::exception& reason) {
+    // Whatever it was: what has been changed is put back.
+    progress.end();
+    return takeFailure(context, record, asFailure(reason));
   }
 }
 
