@@ -15,14 +15,14 @@ constexpr const char* kOther = "other/lib/server/libjvm.so";
 constexpr const char* kOwn = "own/lib/server/libjvm.so";
 constexpr const char* kOwnComposed = "own/bin/server/jvm.dll";
 
-class AnotherRuntime : public testing::Test {
+class PosixAnotherRuntime : public testing::Test {
  protected:
-  AnotherRuntime() {
+  PosixAnotherRuntime() {
     place(L5KOV_LOADED_RUNTIME, kOther);
     place(L5KOV_LOADED_RUNTIME, kOwn);
   }
   // What the library has loaded stays; it runs no machine any more, so the next test is alone.
-  ~AnotherRuntime() override {
+  ~PosixAnotherRuntime() override {
     if (running != nullptr) *running = 0;
   }
   void place(const char* library, const char* below) const {
@@ -43,32 +43,32 @@ class AnotherRuntime : public testing::Test {
   int* running = nullptr;
 };
 
-TEST_F(AnotherRuntime, ThatRunsIsRefusedASecondOneBesideIt) {
+TEST_F(PosixAnotherRuntime, ThatRunsIsRefusedASecondOneBesideIt) {
   load(kOther, 1);
   EXPECT_EQ(loadOwn(), nullptr);
   // Refused before it was loaded, not after.
   EXPECT_EQ(::dlopen((folder.path / kOwn).c_str(), RTLD_NOW | RTLD_NOLOAD), nullptr);
 }
 
-TEST_F(AnotherRuntime, WithoutAMachineIsNoneThatRuns) {
+TEST_F(PosixAnotherRuntime, WithoutAMachineIsNoneThatRuns) {
   void* const other = load(kOther, 0);
   const RuntimeLibrary own = loadOwn();
   ASSERT_NE(own, nullptr);
   EXPECT_NE(own, other);
 }
 
-TEST_F(AnotherRuntime, OfTheSameFileIsNoOther) {
+TEST_F(PosixAnotherRuntime, OfTheSameFileIsNoOther) {
   void* const loaded = load(kOwn, 1);
   EXPECT_EQ(loadOwn(), loaded);
 }
 
-TEST_F(AnotherRuntime, OfTheSameFileUnderAnotherPathIsNoOther) {
+TEST_F(PosixAnotherRuntime, OfTheSameFileUnderAnotherPathIsNoOther) {
   fs::create_directory_symlink(folder.path / "own", folder.path / "link");
   void* const loaded = load("link/lib/server/libjvm.so", 1);
   EXPECT_EQ(loadOwn(), loaded);
 }
 
-TEST_F(AnotherRuntime, ThatCannotBeAskedIsNone) {
+TEST_F(PosixAnotherRuntime, ThatCannotBeAskedIsNone) {
   // A library of that name which is no Java runtime at all.
   place(L5KOV_LOADED_CODE, kOther);
   load(kOther, 1);

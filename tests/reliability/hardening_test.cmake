@@ -1,5 +1,6 @@
 # SPDX-License-Identifier: MIT
-# cmake -DLIBRARY=libl5kov.so -DREADELF=readelf -DOBJDUMP=objdump -DOPTIMISED=ON|OFF -DX86=ON|OFF -P hardening_test.cmake
+# cmake -DLIBRARY=libl5kov.so -DREADELF=readelf -DOBJDUMP=objdump -DOPTIMISED=ON|OFF
+#       -DDEBUG_INFO=ON|OFF -DX86=ON|OFF -P hardening_test.cmake
 # What the linker and the compiler were told, read back from the shipped library.
 cmake_minimum_required(VERSION 3.25)
 set(failures "")
@@ -45,6 +46,25 @@ if(X86)
   if(count LESS 100)
     list(APPEND failures "only ${count} branch targets are marked")
   endif()
+endif()
+# How each of our sources was compiled, as the compiler itself wrote it down: what leaves no trace
+# in code that does not need it (no function here has a frame of several pages to probe).
+if(DEBUG_INFO)
+  read_binary(units --debug-dump=info --dwarf-depth=1 -W)
+  string(REGEX MATCHALL "DW_AT_producer[^\n]*" producers "${units}")
+  list(LENGTH producers count)
+  if(count LESS 30)
+    list(APPEND failures "only ${count} sources are told")
+  endif()
+  set(options stack-protector-strong stack-clash-protection)
+  if(X86)
+    list(APPEND options cf-protection=full)
+  endif()
+  foreach(producer IN LISTS producers)
+    foreach(option IN LISTS options)
+      expect(producer " -f${option}( |$)" "-f${option} of: ${producer}")
+    endforeach()
+  endforeach()
 endif()
 # The maker's libraries come from beside this one or from where the system looks; never from the
 # current folder (an empty entry) and never from where it was built.

@@ -78,6 +78,7 @@ void report(const char* what, long done) {
 
 template <class Operation>
 void repeat(const char* what, long count, Operation operation) {
+  if (count == 0) return;
   const auto begun = std::chrono::steady_clock::now();
   constexpr long kReports = 20;
   for (long done = 0; done < count; ++done) {

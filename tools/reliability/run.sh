@@ -2,17 +2,20 @@
 # SPDX-License-Identifier: MIT
 # Produces the figures of docs/reliability.md again.
 #   tools/reliability/run.sh PART...
-# Parts: calls allocations race sanitize threads valgrind hardening faults xcheck fuzz long mutate
-#        coverage, hours (of fuzzing; goes on where it stopped)
-#        quick (what takes less than about a minute once built), all
+# Parts: calls allocations race hardening faults sanitize preloaded threads valgrind xcheck fuzz long
+#        calibrations (5,000 in one process) mutate coverage
+#        hours (an hour of processor time for each fuzz target; goes on where it stopped)
+#        quick (what takes less than about a minute once built), all (each of them, hours last)
 # Builds lie in build/reliability; each part writes build/reliability/PART.txt.
-# Environment: FUZZ_SECONDS (60), LONG_RUN ("10000000 20000 1000"), jobs (all cores).
+# Environment: FUZZ_SECONDS (60), FUZZ_FOLDER (build/reliability/fuzz), LONG_RUN
+# ("10000000 20000 1000"), jobs (all cores).
 # Debian packages beside those of ./test: clang-14 libclang-rt-14-dev valgrind gcovr binutils.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
 . tools/setup/environment.sh
 out=$PWD/build/reliability
 mkdir -p "$out"
+fuzz=${FUZZ_FOLDER:-$out/fuzz}
 fake="pocketjson;fake_jvm;support;step_clock;java;platform;monitor;calibration;reliability"
 launcher=()
 if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
@@ -36,6 +39,17 @@ tests() { ctest --test-dir "$out/$1" -j "$jobs" --no-tests=error --output-on-fai
   -E _NOT_BUILT; }
 vendors() { echo "$out/$1/tests/support/vendor"; }
 
+# long_run NAME OPERATIONS THREADS CALIBRATIONS: over the Java runtime, with a plot
+long_run() {
+  local name=$1; shift
+  plain; build plain reliability_long_run
+  JAVA_TOOL_OPTIONS=-XX:NativeMemoryTracking=summary \
+    L5KOV_LONG_RUN_PROBE=$PWD/tools/reliability/jvm_memory.sh \
+    L5KOV_COMMON_APPDATA=$out/plain/tests/reliability/appdata LD_LIBRARY_PATH=$out/plain/simulator \
+    "$out/plain/bin/reliability_long_run" "$@" >"$out/$name.csv"
+  tools/reliability/long_run_report.py "$out/$name.csv" --svg "$out/$name-run.svg"
+}
+
 run_part() {
   case "$1" in
     calls) plain; LD_LIBRARY_PATH=$(vendors plain) "$out/plain/bin/reliability_every_call_fails" ;;
@@ -51,6 +65,18 @@ run_part() {
         "-DL5KOV_TEST_FOLDERS=$fake;kovctl_report;kovctl"
       build sanitize
       ASAN_OPTIONS=detect_leaks=1 tests sanitize . ;;
+    preloaded)
+      # The library alone with AddressSanitizer, beneath plain tests that use it as hosts do.
+      plain
+      configure sanitized_library -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 \
+        -DL5KOV_SANITIZE=address,undefined -DL5KOV_BUILD_SIMULATOR=OFF
+      build sanitized_library l5kov l5kov_stepclock
+      # Not those that look into the library's own objects or replace operator new themselves.
+      find "$out/plain/bin" -maxdepth 1 -type f -executable \
+        \( -name 'java_test' -o -name 'monitor_*_test' -o -name 'calibrator_*_test' \
+        -o -name 'reliability_strangers' -o -name 'reliability_name_table' \) \
+        -print0 | sort -z | xargs -0 tools/reliability/run_preloaded.py \
+        "$out/sanitized_library/lib" "$(vendors plain)" ;;
     threads)
       configure threads -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 -DL5KOV_SANITIZE=thread \
         -DL5KOV_BUILD_SIMULATOR=OFF
@@ -67,19 +93,15 @@ run_part() {
         --show-leak-kinds=definite --errors-for-leak-kinds=definite \
         "$out/plain/bin/reliability_every_call_fails" --gtest_filter='*LookUps*' ;;
     fuzz)
-      fuzz/build.sh "$out/fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
-      fuzz/run.sh "$out/fuzz" "${FUZZ_SECONDS:-60}" ;;
+      fuzz/build.sh "$fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
+      fuzz/run.sh "$fuzz" "${FUZZ_SECONDS:-60}" ;;
     hours)
-      fuzz/build.sh "$out/fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
-      fuzz/accumulate.py "$out/fuzz" --hours 1 --beside "$jobs" ;;
+      fuzz/build.sh "$fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
+      fuzz/accumulate.py "$fuzz" --hours 1 --beside "$jobs" ;;
     long)
-      plain; build plain reliability_long_run
-      # shellcheck disable=SC2086
-      JAVA_TOOL_OPTIONS=-XX:NativeMemoryTracking=summary \
-        L5KOV_LONG_RUN_PROBE=$PWD/tools/reliability/jvm_memory.sh \
-        L5KOV_COMMON_APPDATA=$out/plain/tests/reliability/appdata LD_LIBRARY_PATH=$out/plain/simulator \
-        "$out/plain/bin/reliability_long_run" ${LONG_RUN:-10000000 20000 1000} >"$out/long.csv"
-      tools/reliability/long_run_report.py "$out/long.csv" --svg "$out/long-run.svg" ;;
+      read -ra amounts <<<"${LONG_RUN:-10000000 20000 1000}"
+      long_run long "${amounts[@]}" ;;
+    calibrations) long_run calibrations 0 0 5000 ;;
     mutate)
       rm -rf "$out/copy"; mkdir -p "$out/copy"; git archive HEAD | tar -x -C "$out/copy"
       cmake -S "$out/copy" -B "$out/mutants" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
@@ -102,13 +124,13 @@ run_part() {
   esac
 }
 
-[ $# -gt 0 ] || { sed -n '3,10p' "$0" >&2; exit 2; }
+[ $# -gt 0 ] || { sed -n '3,12p' "$0" >&2; exit 2; }
 parts=()
 for part in "$@"; do
   case "$part" in
     quick) parts+=(calls allocations race hardening faults) ;;
-    all) parts+=(calls allocations race hardening faults sanitize threads valgrind xcheck fuzz long
-                 mutate coverage) ;;
+    all) parts+=(calls allocations race hardening faults sanitize preloaded threads valgrind xcheck
+                 fuzz long calibrations mutate coverage hours) ;;
     *) parts+=("$part") ;;
   esac
 done
