@@ -40,9 +40,20 @@ class ExitCodes(KovctlTest):
         self.assertEqual(document["verdict"]["outcome"] == "pass", False)
         self.assertEqual(self.active_lut(), 0)
 
+    def test_1_with_the_state_unknown(self):
+        """131 is for what was canceled or only measured; the record says what is known."""
+        self.faults({"call": "Calibration.load", "class": "java.lang.IllegalStateException",
+                     "message": "no room for the table"},
+                    {"call": "LookUpTable.activate", "nth": 0, **SENDING})
+        document = schemas.check(
+            self.run_kovctl("calibrate", "-m", COLOUR, "--lut", "2", "--json", code=1).json)
+        self.assertEqual(document["record"]["result"]["monitorState"], "unknown")
+        self.faults()
+        self.assertEqual(self.run_kovctl("show", "-m", COLOUR, "--json").json["pendingRestore"], 0)
+
     def test_1_monitor_without_history(self):
         document = self.error("calibrate", "-m", NO_HISTORY, code=1)
-        self.assertIn("target was not accepted", document["message"])
+        self.assertIn("keeps no history of calibrations", document["message"])
 
     def test_2_usage(self):
         for arguments in ((), ("calibrat",), ("calibrate", "--lut", "-1"), ("list", "--frob"),
@@ -68,6 +79,29 @@ class ExitCodes(KovctlTest):
             self.run_kovctl("verify", "-m", COLOUR, "--lut", "9", "--json", code=2).json)
         self.assertEqual(run["record"]["result"]["monitorState"], "restored")
         self.assertEqual(self.active_lut(), 0)
+
+    def test_2_calibrating_no_such_look_up_table(self):
+        document = self.error("calibrate", "-m", COLOUR, "--lut", "9", code=2)
+        self.assertIn("has no look-up table 9 ", document["message"])
+        self.assertIn("It has calibrated 0, 1, 2, 3, 4.", document["details"])
+        # With a history so long that the library finds something at that place.
+        for _ in range(5):
+            self.run_kovctl("calibrate", "-m", COLOUR, "--levels", "3", "--points", "0",
+                            "--limits", "none")
+        run = schemas.check(
+            self.run_kovctl("calibrate", "-m", COLOUR, "--lut", "9", "--json", code=2).json)
+        self.assertEqual(run["record"]["result"]["error"]["text"],
+                         "the monitor has no look-up table 9")
+        self.assertEqual(run["record"]["result"]["monitorState"], "restored")
+        self.assertEqual(self.active_lut(), 0)
+
+    def test_2_too_few_gray_levels(self):
+        target = self.folder / "target.json"
+        for count in (1, 2):
+            target.write_text(f'{{"numberOfGraylevels": {count}}}')
+            for arguments in (("--levels", str(count)), ("--target", target)):
+                document = self.error("calibrate", "-m", COLOUR, *arguments, code=2)
+                self.assertIn("0 or a whole number from 3 to 256", document["message"])
 
     def test_2_values_that_make_no_sense(self):
         missing = self.folder / "none.json"
@@ -167,7 +201,8 @@ class ExitCodes(KovctlTest):
         self.assertIn("could not be written", result.err)
 
     def canceled(self, number, code):
-        process = self.start("calibrate", "-m", COLOUR, "--lut", "2", "--json-lines")
+        # Quiet, which must not hide the state of the monitor.
+        process = self.start("calibrate", "-q", "-m", COLOUR, "--lut", "2", "--json-lines")
         result = self.interrupt_after(process, is_patch(10), number)
         self.assertEqual(result.code, code, result)
         document = schemas.check(result.lines[-1])

@@ -107,10 +107,42 @@ TEST(TargetFlags, RefuseNumbersThatAreNone) {
   for (const char* text : {"", "x", "1x", "nan", "inf", "-1", "1e9", "1,5", " 1"}) {
     EXPECT_THROW(numberFlag("--lmax", text, 0.0, 1000.0), Failure) << text;
   }
-  EXPECT_THROW(integerFlag("--levels", "1.0", 0, 256), Failure);
-  EXPECT_THROW(integerFlag("--levels", "257", 0, 256), Failure);
+  for (const char* text : {"1.0", "257", "-1", "1", "2", ""}) {
+    EXPECT_THROW(levelsFlag("--levels", text), Failure) << text;
+  }
+  EXPECT_EQ(levelsFlag("--levels", "0"), 0);
+  EXPECT_EQ(levelsFlag("--levels", "3"), 3);
   EXPECT_THROW(chromaticityFlag("--white", "0.3"), Failure);
   EXPECT_THROW(chromaticityFlag("--white", "0.7,0.7"), Failure);
+}
+
+TEST(TargetFlags, SayAWrongTemperatureAsItWasWritten) {
+  try {
+    kelvinFlag("--white", "K6500x");
+    ADD_FAILURE();
+  } catch (const Failure& failure) {
+    EXPECT_NE(std::string(failure.what()).find("--white K6500x: "), std::string::npos);
+  }
+  EXPECT_EQ(kelvinFlag("--white", "K6500"), 6500);
+}
+
+TEST(TargetFlags, LeaveTheWhiteToThePanel) {
+  const TargetRequest request = make([](TargetFlags& flags) { flags.lmax = "0"; });
+  EXPECT_EQ(request.target.lmax, 0.0);
+  const PlannedCurve plan = plannedCurve(request.target);
+  EXPECT_TRUE(plan.curve && plan.isWhiteAssumed && plan.isBlackAssumed);
+  EXPECT_EQ(parse(R"({"LmaxValue": 0})").target.lmax, 0.0);
+  EXPECT_THROW(make([](TargetFlags& flags) { flags.lmax = "-1"; }), Failure);
+}
+
+TEST(TargetFlags, GoOverABase) {
+  TargetRequest base = defaultTarget();
+  base.target.lmax = 180.0;
+  TargetFlags flags;
+  flags.ambient = "0.1";
+  const TargetInfo target = makeTarget(flags, base).target;
+  EXPECT_EQ(target.lmax, 180.0);
+  EXPECT_EQ(target.ambient, 0.1);
 }
 
 TEST(TargetFlags, RefuseATargetWithoutACurve) {

@@ -17,7 +17,7 @@ void addTargetOptions(CLI::App& command, TargetFlags& flags) {
                   "dicom, cie, gamma:EXPONENT, loglinear, linear, native or user")
       ->type_name("NAME")
       ->group(group);
-  command.add_option("--lmax", flags.lmax, "Luminance of white, cd/m² (250)")
+  command.add_option("--lmax", flags.lmax, "Luminance of white, cd/m²; 0: the panel's own (250)")
       ->type_name("CD/M2")
       ->group(group);
   command.add_option("--lmin", flags.lmin, "Luminance of black, cd/m², or measured (measured)")
@@ -30,7 +30,8 @@ void addTargetOptions(CLI::App& command, TargetFlags& flags) {
       ->type_name("CD/M2")
       ->group(group);
   command
-      .add_option("--levels", flags.levels, "Gray levels to measure; 0: the library's choice (52)")
+      .add_option("--levels", flags.levels,
+                  "Gray levels to measure, 3 to 256; 0: the library's choice (52)")
       ->type_name("COUNT")
       ->group(group);
 }
@@ -149,8 +150,9 @@ void addVerifyCommand(CLI::App& program, Context& context) {
   CLI::App* const command =
       program.add_subcommand("verify", "Measure and judge a monitor without calibrating it");
   command->footer(
-      "Without a target, against the one that the monitor remembers for the table, else DICOM\n"
-      "between the panel's own black and white.");
+      "Against the target that the monitor remembers for the table, else DICOM between the "
+      "panel's\n"
+      "own black and white; target options change parts of it, --target takes its place.");
   const auto options = addCommonOptions(*command);
   command->callback([&context, options] {
     context.command = [&context, options] { return verify(context, *options); };

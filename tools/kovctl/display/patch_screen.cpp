@@ -14,8 +14,10 @@ class NoScreen : public PatchScreen {
   bool isOpen() override { return true; }
 };
 
-void check(const std::string& choice) {
-  if (choice == "fullscreen") return;
+}  // namespace
+
+void checkScreenChoice(const std::string& choice) {
+  if (choice.empty() || choice == "fullscreen") return;
   const std::size_t cross = choice.find('x');
   if (cross == std::string::npos) {
     throw Failure(ExitCode::kUsage,
@@ -25,15 +27,13 @@ void check(const std::string& choice) {
   integerFlag("--display", choice.substr(cross + 1), 16, 16384);
 }
 
-}  // namespace
-
 std::unique_ptr<PatchScreen> makeNoScreen() {
   return std::make_unique<NoScreen>();
 }
 
 std::unique_ptr<PatchScreen> makePatchScreen(const ScreenOptions& options) {
   if (options.choice.empty()) return makeNoScreen();
-  check(options.choice);
+  checkScreenChoice(options.choice);
   return std::make_unique<WindowProcess>(options);
 }
 

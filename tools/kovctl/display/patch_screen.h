@@ -25,6 +25,8 @@ struct ScreenOptions {
   double settleSeconds = 0.3;  ///< from drawing to measuring
 };
 
+/// @throws Failure(kUsage) for a wrong choice
+void checkScreenChoice(const std::string& choice);
 /// Draws nowhere: for instruments that know the patch without a screen.
 std::unique_ptr<PatchScreen> makeNoScreen();
 /// @throws Failure(kUsage) for a wrong choice, Failure(kInstrument) when no window can be opened

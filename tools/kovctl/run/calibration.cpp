@@ -7,6 +7,7 @@
 #include "record/patch_roles.h"
 #include "run/cancel_watch.h"
 #include "run/check_measurement.h"
+#include "run/known_tables.h"
 #include "run/library_target.h"
 #include "run/record_start.h"
 #include "run/run_end.h"
@@ -80,10 +81,10 @@ void Calibration::prepare() {
   const OmError error = calibrator.setCalibrationTarget(
       libraryTarget(request), libraryCurve(request.target), pocketjson::Value(),
       request.target.ambient.value_or(0.0), false);
-  if (error != OM_OK) {
-    throw Failure(exitCodeOf(error), "the target was not accepted: " + errorText(calibrator, error),
-                  {"Nothing was changed on the monitor."});
-  }
+  if (error == OM_OK) return;
+  if (error == OM_ERR_JAVA) refuseTableWithoutHistory(chosen.monitor, lut);
+  throw Failure(exitCodeOf(error), "the target was not accepted: " + errorText(calibrator, error),
+                {"Nothing was changed on the monitor."});
 }
 
 OmError Calibration::execute() {
@@ -158,7 +159,10 @@ ExitCode Calibration::endEarly(OmError error) {
   std::string reason = errorText(calibrator, error);
   if (error == OM_OK) error = canceled ? OM_ERR_CANCELED : OM_ERR_JAVA;
   ExitCode code = exitCodeOf(error);
-  if (delegate.failure()) {
+  if (error == OM_ERR_JAVA && !canceled && isMissingTable(chosen.monitor, lut)) {
+    code = ExitCode::kUsage;
+    reason = fmt::format("the monitor has no look-up table {}", lut);
+  } else if (delegate.failure()) {
     code = delegate.failure()->code;
     reason = delegate.failure()->what();
   } else if (isInterrupted()) {

@@ -10,17 +10,24 @@
 
 namespace kovctl {
 
+std::unique_ptr<Instrument> chooseInstrument(const InstrumentOptions& instrumentOptions,
+                                             const ScreenOptions& screenOptions) {
+  auto device = makeInstrument(instrumentOptions);
+  checkScreenChoice(screenOptions.choice);
+  if (!device->drawsItself() && screenOptions.choice.empty()) {
+    throw Failure(ExitCode::kUsage, "--instrument " + instrumentOptions.choice +
+                                        " measures a real screen: --display is needed");
+  }
+  return device;
+}
+
 MeasuringStation::MeasuringStation(Context& context, InstrumentOptions instrumentOptions,
                                    const ScreenOptions& screenOptions,
                                    const std::string& monitorSerial) {
   instrumentOptions.isInterrupted = [this, seen = sys::interruptCount()] {
     return sys::interruptCount() > seen || (screen != nullptr && !screen->isOpen());
   };
-  device = makeInstrument(instrumentOptions);
-  if (!device->drawsItself() && screenOptions.choice.empty()) {
-    throw Failure(ExitCode::kUsage, "--instrument " + instrumentOptions.choice +
-                                        " measures a real screen: --display is needed");
-  }
+  device = chooseInstrument(instrumentOptions, screenOptions);
   context.out().detail("opening the instrument");
   device->open(monitorSerial);
   screen = makePatchScreen(screenOptions);

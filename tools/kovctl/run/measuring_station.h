@@ -12,6 +12,11 @@
 
 namespace kovctl {
 
+/// The instrument as it is chosen, not opened yet.
+/// @throws Failure(kUsage) for an instrument or a screen that there cannot be, or not together
+std::unique_ptr<Instrument> chooseInstrument(const InstrumentOptions& instrumentOptions,
+                                             const ScreenOptions& screenOptions);
+
 /// The instrument and the screen in front of it, opened together. One thread.
 class MeasuringStation {
  public:

@@ -35,10 +35,13 @@ void sayResult(Context& context, const RunRecord& record, const Verdict& verdict
   for (const std::string& warning : record.warnings) console.warn(warning);
   if (record.simulated && console.isText()) console.note("This run was simulated.");
   const std::string sentence = "Monitor state: " + record.result.monitorStateText;
-  if (record.result.monitorState == MonitorState::kUnknown) {
-    console.error(sentence);
-  } else {
+  // -q must not hide what has become of the monitor when a run has not gone as it should.
+  const bool asExpected = record.result.monitorState != MonitorState::kUnknown &&
+                          !record.result.canceled && !record.result.error;
+  if (asExpected) {
     console.note(sentence);
+  } else {
+    console.error(sentence);
   }
 }
 

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include <fmt/format.h>
 
-#include "metrics/target_curve.h"
 #include "output/table.h"
 #include "record/run_record_json.h"
 #include "run/measurements.h"
+#include "run/measuring_station.h"
 #include "run/run.h"
 #include "run/run_end.h"
 #include "target/target_request.h"
@@ -12,16 +12,49 @@
 namespace kovctl {
 namespace {
 
-// Where the target leaves the black to the panel, any serves to show the curve.
-constexpr double kAssumedContrast = 1000.0;
+// What the simulated library measures; another one may measure otherwise and does not tell.
+constexpr int kLibrarysLevels = 52;
+constexpr int kFewestWarmUps = 2;
+constexpr int kRepeats = 3;
+constexpr int kPrimaries = 3;
+constexpr int kBacklightSettings = 3;
+constexpr int kVerificationLevels = 18;
 
-std::vector<int> calibrationLevels(int count) {
-  if (count < 2) return {};
+/// Patches that are measured one after the other.
+struct PlannedPatches {
+  PatchRole role;
+  std::string what;
+  int count;
+  std::vector<int> levels;
+  bool isColorOnly = false;
+};
+
+std::vector<int> evenLevels(int count) {
   std::vector<int> levels;
   for (int i = 0; i < count; ++i) {
     levels.push_back(static_cast<int>((255.0 * i) / (count - 1) + 0.5));
   }
   return levels;
+}
+
+std::vector<PlannedPatches> plannedPatches(const TargetRequest& request, int checkPoints) {
+  const int levels = request.target.levels == 0 ? kLibrarysLevels : request.target.levels;
+  std::vector<PlannedPatches> plan{
+      {PatchRole::kWarmUp, "white until the panel is warm, at least", kFewestWarmUps, {255}},
+      {PatchRole::kBlack, "black, repeated", kRepeats, {0}},
+      {PatchRole::kWhite, "white, repeated", kRepeats, {255}},
+      {PatchRole::kPrimary, "primaries, of a color monitor only", kPrimaries, {}, true},
+      {PatchRole::kGray, "gray levels of the panel as it is", levels, evenLevels(levels)}};
+  if (request.measureBacklightResponse) {
+    plan.push_back({PatchRole::kOther, "white at other backlights", kBacklightSettings, {255}});
+  }
+  plan.push_back({PatchRole::kLibraryVerify, "gray levels, by the library, to verify",
+                  kVerificationLevels, evenLevels(kVerificationLevels)});
+  if (checkPoints > 0) {
+    plan.push_back({PatchRole::kVerify, "gray levels of the independent check", checkPoints,
+                    checkLevels(checkPoints)});
+  }
+  return plan;
 }
 
 std::string joined(const std::vector<int>& levels) {
@@ -30,51 +63,72 @@ std::string joined(const std::vector<int>& levels) {
   return text;
 }
 
+// The curve for people, and its points for programs.
+Json sayCurve(Console& console, const PlannedCurve& plan) {
+  Json points = Json::array();
+  if (!plan.curve) return points;
+  if (plan.isWhiteAssumed || plan.isBlackAssumed) {
+    console.print(
+        fmt::format("The curve is drawn from {:g} to {:g} cd/m²; what is measured takes the place "
+                    "of the panel's own {}.\n",
+                    plan.black, plan.white,
+                    !plan.isWhiteAssumed   ? "black"
+                    : !plan.isBlackAssumed ? "white"
+                                           : "black and white"));
+  }
+  Table table({{"Level", Table::Align::kRight}, {"cd/m²", Table::Align::kRight}});
+  for (const int level : checkLevels(18)) {
+    const double luminance = plan.curve->luminance(level / 255.0);
+    table.add({std::to_string(level), fmt::format("{:.4f}", luminance)});
+    points.push_back({{"level", level}, {"luminance", luminance}});
+  }
+  console.print(table.text());
+  return points;
+}
+
+Json sayPatches(Console& console, const std::vector<PlannedPatches>& plan, int& total) {
+  Table table({{"Patches", Table::Align::kRight}, {"What"}, {"Levels"}});
+  Json patches = Json::array();
+  for (const PlannedPatches& part : plan) {
+    table.add({std::to_string(part.count), part.what, joined(part.levels)});
+    patches.push_back({{"role", nameOf(part.role)},
+                       {"what", part.what},
+                       {"count", part.count},
+                       {"levels", part.levels},
+                       {"colorOnly", part.isColorOnly}});
+    total += part.count;
+  }
+  table.add({std::to_string(total), "in all, at least", ""});
+  console.print(table.text());
+  return patches;
+}
+
 }  // namespace
 
 ExitCode dryRun(Context& context, const RunOptions& options) {
   checkLimits(options);
+  chooseInstrument(options.instrument, options.screen);
   const TargetRequest request = makeTarget(options.target);
-  const TargetInfo& target = request.target;
-  const double black = target.useMeasuredLmin ? target.lmax / kAssumedContrast : target.lmin;
-  const auto curve = TargetCurve::of(target, black, target.lmax);
-  const std::vector<int> gray = calibrationLevels(target.levels);
-  const std::vector<int> check = checkLevels(options.checkPoints);
-
-  Table table({{"Level", Table::Align::kRight}, {"cd/m²", Table::Align::kRight}});
-  Json points = Json::array();
-  for (const int level : checkLevels(18)) {
-    if (!curve) break;
-    const double luminance = curve->luminance(level / 255.0);
-    table.add({std::to_string(level), fmt::format("{:.4f}", luminance)});
-    points.push_back({{"level", level}, {"luminance", luminance}});
-  }
+  const PlannedCurve plan = plannedCurve(request.target);
   Console& console = context.out();
-  console.print("Target: " + describe(target) + "\n");
-  if (target.useMeasuredLmin && curve) {
-    console.print(
-        fmt::format("The curve is drawn for a black of {:g} cd/m²; the measured one "
-                    "takes its place.\n",
-                    black));
-  }
-  if (curve) console.print(table.text());
-  console.print(
-      fmt::format("Calibration measures: warm-up, black, white, primaries, {} gray levels "
-                  "{}\n",
-                  target.levels == 0 ? "the library's choice of" : std::to_string(target.levels),
-                  joined(gray)));
-  console.print(fmt::format("Check measures {} gray levels {}\n", check.size(), joined(check)));
-  console.print("Limits: " + options.limits + "\n");
-
+  console.print("Target: " + describe(request.target) + "\n");
   Json document = documentOf("plan");
-  document["target"] = describe(target);
-  document["assumedBlack"] = target.useMeasuredLmin;
-  document["lmax"] = target.lmax;
-  document["lmin"] = black;
-  document["curve"] = points;
-  document["grayLevels"] = gray;
-  document["checkLevels"] = check;
+  document["target"] = describe(request.target);
+  document["assumedBlack"] = plan.isBlackAssumed;
+  document["assumedWhite"] = plan.isWhiteAssumed;
+  document["lmax"] = plan.white;
+  document["lmin"] = plan.black;
+  document["curve"] = sayCurve(console, plan);
+  int total = 0;
+  document["patches"] = sayPatches(console, plannedPatches(request, options.checkPoints), total);
+  document["total"] = total;
   document["limits"] = options.limits;
+  document["monitorChecked"] = false;
+  console.print("Limits: " + options.limits + "\n");
+  console.print(
+      "No monitor was looked at: whether there is one of that name, and such a look-up table, only "
+      "a run tells. The patches are those of the simulated library; another may measure "
+      "otherwise.\n");
   console.document(document);
   return ExitCode::kOk;
 }

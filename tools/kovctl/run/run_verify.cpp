@@ -29,6 +29,22 @@ ExitCode putBack(RunRecord& record, ModeKeeper& keeper, bool switched, ExitCode 
   return back.restored ? code : ExitCode::kRestoreFailed;
 }
 
+// What the command line says, over what the table was calibrated for.
+TargetRequest targetToVerify(Context& context, const TargetFlags& flags,
+                             const lumora::Monitor& monitor, int lut) {
+  if (!flags.file.empty()) return makeTarget(flags);
+  auto base = storedTarget(monitor, lut);
+  if (!base) {
+    base = defaultTarget();
+    // Nobody has asked for a luminance that could be missed.
+    base->target.lmax = 0.0;
+    context.out().note(
+        "The monitor keeps no target for this table: DICOM between its own black and white is "
+        "assumed, where the command line says nothing else.");
+  }
+  return makeTarget(flags, *base);
+}
+
 ExitCode measure(Context& context, const RunOptions& options, const ChosenMonitor& chosen,
                  MeasuringStation& station, RunRecord& record) {
   Progress progress = makeProgress(context);
@@ -52,22 +68,12 @@ ExitCode measure(Context& context, const RunOptions& options, const ChosenMonito
 
 ExitCode verify(Context& context, const RunOptions& options) {
   checkLimits(options);
-  TargetRequest request = makeTarget(options.target);
+  // What makes no sense is said before anything is searched for.
+  readTarget(options.target, defaultTarget());
   const ChosenMonitor chosen = chooseMonitor(context, options.monitor);
   ModeKeeper keeper(chosen.monitor, chosen.name);
   const int lut = options.lut.value_or(static_cast<int>(keeper.mode()));
-  if (isEmpty(options.target)) {
-    const auto stored = storedTarget(chosen.monitor, lut);
-    if (stored) {
-      request = *stored;
-    } else {
-      // Nobody has asked for a luminance that could be missed.
-      request.target.lmax = 0.0;
-      context.out().note(
-          "The monitor keeps no target for this table: DICOM between its own black and white is "
-          "assumed.");
-    }
-  }
+  const TargetRequest request = targetToVerify(context, options.target, chosen.monitor, lut);
   sys::catchInterrupts();
   MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);
   RunRecord record =

@@ -25,11 +25,6 @@ std::optional<DisplayFunction> functionOf(int code) {
 
 }  // namespace
 
-bool isEmpty(const TargetFlags& flags) {
-  return flags.file.empty() && flags.function.empty() && flags.lmax.empty() && flags.lmin.empty() &&
-         flags.white.empty() && flags.ambient.empty() && flags.levels.empty();
-}
-
 std::optional<TargetRequest> storedTarget(const lumora::Monitor& monitor, int lut) {
   const pocketjson::Value stored = monitor.getCalibrationTargetData(static_cast<unsigned>(lut));
   const auto function = functionOf(stored["displayFunction"].asInt(-1));

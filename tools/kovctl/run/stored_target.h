@@ -10,9 +10,6 @@
 
 namespace kovctl {
 
-/// Whether the command line says nothing about the target.
-bool isEmpty(const TargetFlags& flags);
-
 /// What the look-up table was last calibrated for, as the monitor remembers it; nothing when it
 /// remembers none, and for a table as it left the factory.
 std::optional<TargetRequest> storedTarget(const lumora::Monitor& monitor, int lut);

@@ -58,6 +58,30 @@ int integerFlag(const std::string& option, const std::string& text, int lowest, 
   return *number;
 }
 
+int levelsFlag(const std::string& option, const std::string& text) {
+  constexpr int kFewest = 3;
+  constexpr int kMost = 256;
+  const auto number = parse<int>(text);
+  if (!number || *number < 0 || (*number > 0 && *number < kFewest) || *number > kMost) {
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{} {}: 0 or a whole number from {} to {} is needed", option, text,
+                              kFewest, kMost));
+  }
+  return *number;
+}
+
+int kelvinFlag(const std::string& option, const std::string& text) {
+  constexpr int kColdest = 1000;
+  constexpr int kHottest = 100000;
+  const auto number = parse<int>(text.substr(1));
+  if (!number || *number < kColdest || *number > kHottest) {
+    throw Failure(ExitCode::kUsage,
+                  fmt::format("{} {}: K and a whole number from {} to {} is needed, such as K6500",
+                              option, text, kColdest, kHottest));
+  }
+  return *number;
+}
+
 Chromaticity chromaticityFlag(const std::string& option, const std::string& text) {
   const std::size_t comma = text.find(',');
   if (comma == std::string::npos) {

@@ -13,6 +13,10 @@ namespace kovctl {
 double numberFlag(const std::string& option, const std::string& text, double lowest,
                   double highest);
 int integerFlag(const std::string& option, const std::string& text, int lowest, int highest);
+/// Gray levels of a calibration: 0, the library's choice, or enough for a scale.
+int levelsFlag(const std::string& option, const std::string& text);
+/// "K6500"
+int kelvinFlag(const std::string& option, const std::string& text);
 /// "x,y"
 Chromaticity chromaticityFlag(const std::string& option, const std::string& text);
 /// dicom, cie, loglinear, linear, native, user; the library's own names too

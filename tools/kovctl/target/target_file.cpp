@@ -62,7 +62,7 @@ class TargetFile {
       target.exponent = number(key, value);
     } else if (key == "numberOfGraylevels") {
       if (!value.is_number_integer()) refuse(key, "a whole number");
-      target.levels = integerFlag(name + ": " + key, value.dump(), 0, 256);
+      target.levels = levelsFlag(name + ": " + key, value.dump());
     } else if (key == "IsUsedExternalSensors") {
       request.useExternalSensors = flag(key, value);
     } else if (key == "measureBacklightResponse") {
@@ -116,8 +116,7 @@ class TargetFile {
     if (*colorType == "CUSTOM") {
       target.white = Chromaticity{x, y};
     } else if (colorType->size() > 1 && colorType->front() == 'K') {
-      target.white = whitePointOf(
-          integerFlag(name + ": ColorTemperatureType", colorType->substr(1), 1000, 100000));
+      target.white = whitePointOf(kelvinFlag(name + ": ColorTemperatureType", *colorType));
     } else if (*colorType != "OFF") {
       refuse("ColorTemperatureType", "OFF, CUSTOM or K and a temperature such as K6500");
     }

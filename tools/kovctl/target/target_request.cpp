@@ -3,18 +3,16 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "failure.h"
-#include "metrics/target_curve.h"
 #include "system/files.h"
 #include "target/flag_values.h"
 #include "target/white_point.h"
 
 namespace kovctl {
 namespace {
-
-constexpr int kMostLevels = 256;
 
 [[noreturn]] void refuse(const std::string& what) { throw Failure(ExitCode::kUsage, what); }
 
@@ -23,7 +21,7 @@ void setWhite(TargetInfo& target, const std::string& text) {
   if (text == "off" || text == "OFF") {
     target.whiteName = "OFF";
   } else if (text.size() > 1 && (text[0] == 'K' || text[0] == 'k')) {
-    const int kelvin = integerFlag("--white", text.substr(1), 1000, 100000);
+    const int kelvin = kelvinFlag("--white", text);
     target.whiteName = fmt::format("K{}", kelvin);
     target.white = whitePointOf(kelvin);
   } else {
@@ -45,7 +43,7 @@ void setFunction(TargetInfo& target, const std::string& text) {
 void apply(const TargetFlags& flags, TargetRequest& request) {
   TargetInfo& target = request.target;
   if (!flags.function.empty()) setFunction(target, flags.function);
-  if (!flags.lmax.empty()) target.lmax = numberFlag("--lmax", flags.lmax, 0.01, 100000.0);
+  if (!flags.lmax.empty()) target.lmax = numberFlag("--lmax", flags.lmax, 0.0, 100000.0);
   if (flags.lmin == "measured") {
     target.useMeasuredLmin = true;
     target.lmin = 0.0;
@@ -59,7 +57,7 @@ void apply(const TargetFlags& flags, TargetRequest& request) {
   } else if (!flags.ambient.empty()) {
     target.ambient = numberFlag("--ambient", flags.ambient, 0.0, 100000.0);
   }
-  if (!flags.levels.empty()) target.levels = integerFlag("--levels", flags.levels, 0, kMostLevels);
+  if (!flags.levels.empty()) target.levels = levelsFlag("--levels", flags.levels);
   request.useExternalSensors |= flags.externalSensors;
   request.measureBacklightResponse |= flags.backlightResponse;
 }
@@ -73,12 +71,7 @@ void check(const TargetInfo& target) {
   if (target.function == DisplayFunction::kUserDefine && target.userCurve.empty()) {
     refuse("a user-defined function needs its \"curve\" in a target file");
   }
-  // A measured black is not known yet: any that a panel may have serves to try the curve.
-  constexpr double kSomeBlack = 1e-3;
-  const double black = target.useMeasuredLmin ? std::min(kSomeBlack, target.lmax / 2) : target.lmin;
-  if (!TargetCurve::of(target, black, target.lmax)) {
-    refuse("the target makes no curve: " + describe(target));
-  }
+  if (!plannedCurve(target).curve) refuse("the target makes no curve: " + describe(target));
 }
 
 }  // namespace
@@ -92,14 +85,31 @@ TargetRequest defaultTarget() {
   return request;
 }
 
-TargetRequest makeTarget(const TargetFlags& flags) {
-  TargetRequest request = defaultTarget();
+PlannedCurve plannedCurve(const TargetInfo& target) {
+  constexpr double kAssumedWhite = 250.0;
+  constexpr double kAssumedContrast = 1000.0;
+  PlannedCurve plan;
+  // A maximum of 0 stands for the panel's own, as the library has it.
+  plan.isWhiteAssumed = target.lmax == 0.0;
+  plan.isBlackAssumed = target.useMeasuredLmin;
+  plan.white = plan.isWhiteAssumed ? std::max(kAssumedWhite, 2.0 * target.lmin) : target.lmax;
+  plan.black = plan.isBlackAssumed ? plan.white / kAssumedContrast : target.lmin;
+  plan.curve = TargetCurve::of(target, plan.black, plan.white);
+  return plan;
+}
+
+TargetRequest readTarget(const TargetFlags& flags, TargetRequest base) {
   if (!flags.file.empty()) {
     const auto text = sys::readWhole(flags.file);
     if (!text) refuse("cannot read the target file " + flags.file);
-    request = parseTargetFile(*text, flags.file, request);
+    base = parseTargetFile(*text, flags.file, base);
   }
-  apply(flags, request);
+  apply(flags, base);
+  return base;
+}
+
+TargetRequest makeTarget(const TargetFlags& flags, TargetRequest base) {
+  TargetRequest request = readTarget(flags, std::move(base));
   check(request.target);
   return request;
 }

@@ -2,9 +2,11 @@
 #ifndef L5KOV_TOOLS_KOVCTL_TARGET_TARGET_REQUEST_H_
 #define L5KOV_TOOLS_KOVCTL_TARGET_TARGET_REQUEST_H_
 
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "metrics/target_curve.h"
 #include "record/run_record.h"
 
 namespace kovctl {
@@ -37,8 +39,24 @@ TargetRequest defaultTarget();
 /// @throws Failure(kUsage) for anything else, unknown members included
 TargetRequest parseTargetFile(std::string_view text, const std::string& name, TargetRequest base);
 
+/// What flags and file say, over what they leave open, whether or not that makes a curve.
+/// @throws Failure(kUsage) for flags and files that make no sense
+TargetRequest readTarget(const TargetFlags& flags, TargetRequest base);
+
+/// The same, for a target with a curve.
 /// @throws Failure(kUsage) for flags and files that make no sense, and for a target without a curve
-TargetRequest makeTarget(const TargetFlags& flags);
+TargetRequest makeTarget(const TargetFlags& flags, TargetRequest base = defaultTarget());
+
+/// A target's curve before anything was measured. Where the target leaves black or white to the
+/// panel, any that a panel may have serves to show the curve.
+struct PlannedCurve {
+  std::optional<TargetCurve> curve;  ///< absent: there is none
+  double black = 0.0;                ///< cd/m²
+  double white = 0.0;                ///< cd/m²
+  bool isBlackAssumed = false;
+  bool isWhiteAssumed = false;
+};
+PlannedCurve plannedCurve(const TargetInfo& target);
 
 /// "DICOM, 250 cd/m², measured black, white as it is, ambient light 0.1 cd/m²".
 std::string describe(const TargetInfo& target);
