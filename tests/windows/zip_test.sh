@@ -57,6 +57,11 @@ simulate calibrate 0
 expect "Calibrating OR-C321:30210045" "$work/calibrate.log"
 expect "This run was simulated." "$work/calibrate.log"
 find "$c/users" -name l5kov-report.html -size +10k | grep -q . || fail "there is no report"
+# An argument beyond the ANSI code page arrives as it is.
+mkdir "$c/Prüfung デ"
+LC_ALL=C.UTF-8 simulate accented 0 calibrate -m OR-C321 --ambient 0.1 \
+  --report 'C:\Prüfung デ\ré.html'
+[ -s "$c/Prüfung デ/ré.html" ] || fail "there is no report of that name: $(ls "$c/Prüfung デ")"
 simulate list 0 list
 expect "OR-C190" "$work/list.log"
 simulate doctor 0 doctor

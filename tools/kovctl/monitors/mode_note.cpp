@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "system/files.h"
+#include "system/utf8_path.h"
 
 namespace kovctl {
 namespace {
@@ -63,11 +64,9 @@ std::vector<ModeNote> ModeNote::all() {
   const std::string folder = sys::stateFolder();
   std::vector<ModeNote> notes;
   std::error_code unreadable;
-  const std::filesystem::path path(std::u8string(folder.begin(), folder.end()));
-  for (const auto& entry : std::filesystem::directory_iterator(path, unreadable)) {
+  for (const auto& entry : std::filesystem::directory_iterator(sys::pathOf(folder), unreadable)) {
     if (entry.path().extension() != kEnding) continue;
-    const std::u8string file = entry.path().filename().u8string();
-    auto note = parse(sys::readWhole(folder + "/" + std::string(file.begin(), file.end())));
+    auto note = parse(sys::readWhole(sys::textOf(entry.path())));
     if (note) notes.push_back(std::move(*note));
   }
   std::sort(notes.begin(), notes.end(),

@@ -8,6 +8,7 @@
 #include "record/run_record_json.h"
 #include "report/report.h"
 #include "system/files.h"
+#include "system/utf8_path.h"
 
 namespace kovctl {
 namespace {
@@ -61,9 +62,9 @@ void writeOne(Context& context, FilesWritten& files, const std::string& path,
 std::vector<HistoryPoint> earlierRuns(const std::string& folder, const RunRecord& of) {
   std::vector<HistoryPoint> points;
   std::error_code unreadable;
-  for (const auto& entry : std::filesystem::directory_iterator(folder, unreadable)) {
+  for (const auto& entry : std::filesystem::directory_iterator(sys::pathOf(folder), unreadable)) {
     if (entry.path().extension() != ".json") continue;
-    const auto text = sys::readWhole(entry.path().string());
+    const auto text = sys::readWhole(sys::textOf(entry.path()));
     if (!text) continue;
     try {
       const RunRecord run = readRunRecord(*text);
@@ -87,7 +88,7 @@ FilesWritten writeRunFiles(Context& context, const RunRecord& record, const RunO
   if (!options.record.empty()) records.push_back(options.record);
   if (!options.reportFolder.empty()) {
     std::error_code error;
-    std::filesystem::create_directories(options.reportFolder, error);
+    std::filesystem::create_directories(sys::pathOf(options.reportFolder), error);
     earlier = earlierRuns(options.reportFolder, record);
     const std::string base = options.reportFolder + "/" + baseName(record);
     reports.push_back(base + ".html");
