@@ -32,16 +32,40 @@ class HeldAlone {
   HANDLE handle;
 };
 
+// A drive that nobody else uses (tests/windows/wine.sh makes it), empty at first, is the current one
+// while this lives. What lies there stays: the process uses it to its end.
+class SpareDrive {
+ public:
+  SpareDrive() : before(fs::current_path()) {
+    std::error_code missing;
+    fs::current_path(root(), missing);
+    current = !missing;
+    if (current) fs::remove_all(root() / "ORVA");
+  }
+  ~SpareDrive() { fs::current_path(before); }
+  SpareDrive(const SpareDrive&) = delete;
+  SpareDrive& operator=(const SpareDrive&) = delete;
+  static fs::path root() { return "Y:\\"; }
+  bool isCurrent() const { return current; }
+
+ private:
+  const fs::path before;
+  bool current;
+};
+
 class WindowsStartUp : public kovtest::StartUpFailure {
  protected:
   // The fake runtime in an application-data folder of this name, which the shell then tells.
   fs::path layOutIn(const wchar_t* name) const {
-    const fs::path data = root / name;
+    const fs::path library = layOut(root / name);
+    kovtest::system::setRoot(root / name);
+    return library;
+  }
+  static fs::path layOut(const fs::path& data) {
     const fs::path library =
         data / "ORVA/Lumora5/plugins/com.orva.lumora.jre" / kovtest::system::runtimeLibrary();
     fs::create_directories(library.parent_path());
     fs::copy_file(kovtest::PluginFolder::get().libraryFile(), library);
-    kovtest::system::setRoot(data);
     return fs::path(library).make_preferred();
   }
 };
@@ -59,8 +83,18 @@ TEST_F(WindowsStartUp, FindsNothingBelowAFolderBeyondTheCodePage) {
 }
 
 TEST_F(WindowsStartUp, FailsWithoutAnApplicationDataFolder) {
+  layOutIn(L"told before");
   ::SetEnvironmentVariableW(L"L5KOV_COMMON_APPDATA", (root / "missing").c_str());
   expectFailure();
+}
+
+// Kept: without the folder, paths begin at the root of the current drive.
+TEST_F(WindowsStartUp, WithoutAnApplicationDataFolderTheDrivesRootServes) {
+  const SpareDrive drive;
+  ASSERT_TRUE(drive.isCurrent());
+  layOut(SpareDrive::root());
+  ::SetEnvironmentVariableW(L"L5KOV_COMMON_APPDATA", (root / "missing").c_str());
+  EXPECT_TRUE(Env()->hasClasses());
 }
 
 TEST_F(WindowsStartUp, FailsWhenSomeoneElseHoldsTheRuntimeAlone) {

@@ -5,7 +5,7 @@
 # The prefix (L5KOV_WINEPREFIX, default build/wine-prefix) is made on first use. In it the shell takes
 # the common application-data folder from the variable L5KOV_COMMON_APPDATA, so that a test is told
 # its folder as on other systems, and tests can run side by side; default C:\ProgramData. This is a
-# setting of the prefix: the library asks the shell and knows no variable.
+# setting of the prefix: the library asks the shell and knows no variable. Drive Y: is a test's own.
 #
 # DLLs are found in the folders of PATH and LD_LIBRARY_PATH that hold some, then where the build tree
 # has those that the program was linked with (dll_folders.cmake).
@@ -25,12 +25,14 @@ windows_path() {
   esac
 }
 
-ready=$WINEPREFIX/ready
+ready=$WINEPREFIX/ready-with-y
 make_prefix() {
   mkdir -p "$WINEPREFIX"
   touch "$WINEPREFIX/of-l5kov-tests"
   "$wine" wineboot -i
   "$wine" reg add "$key" /v 'Common AppData' /t REG_EXPAND_SZ /d '%L5KOV_COMMON_APPDATA%' /f
+  mkdir -p "$WINEPREFIX/drive_y"
+  ln -sfn ../drive_y "$WINEPREFIX/dosdevices/y:"
   touch "$ready"
 }
 
