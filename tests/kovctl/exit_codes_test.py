@@ -2,6 +2,7 @@
 """Every exit code, reached as a user would reach it."""
 import json
 import signal
+import time
 
 import schemas
 import side_by_side
@@ -71,6 +72,10 @@ class ExitCodes(KovctlTest):
         self.assertIn("--frob", self.error("list", "--frob", code=2)["message"])
         self.assertIn("kovctl lock --help", self.error("lock", code=2)["details"][0])
         self.assertEqual(self.error(code=2)["message"], "a command is needed")
+        message = self.error("list", "-m", "1", code=2)["message"]
+        self.assertEqual(message, "not expected: -m 1")
+        message = self.error("verify", "--white", "K6500x", code=2)["message"]
+        self.assertIn("--white K6500x: ", message)
 
     def test_2_no_such_look_up_table(self):
         document = self.error("restore", "-m", COLOUR, "--lut", "9", code=2)
@@ -188,12 +193,27 @@ class ExitCodes(KovctlTest):
     def test_7_instrument(self):
         document = self.error("verify", "-m", COLOUR, "--instrument", "icc:/none.icc", code=7)
         self.assertIn("icclu", document["message"])
+        self.assertIn("/none.icc as an ICC profile", document["message"])
 
     def test_8_output(self):
         result = self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--report",
                                  "/dev/full", code=8)
         self.assertIn("nothing was written to /dev/full", result.err)
         self.assertIn("PASS", result.out)
+
+    def test_8_before_anything_is_measured(self):
+        missing = self.folder / "none/run.html"
+        for option, path in (("--report", missing), ("--record", missing), ("--report", self.folder),
+                             ("--report-dir", self.folder / "simulator/simulator.properties")):
+            for command in ("calibrate", "verify"):
+                document = self.error(command, "-m", COLOUR, option, path, code=8)
+                self.assertIn(f"nothing can be written to {path}: ", document["message"])
+                self.assertEqual(document["schema"], "kovctl-error")
+        history = self.run_kovctl("history", "-m", COLOUR, "--json").json["entries"]
+        self.assertEqual(len(history), 5)
+        folder = self.folder / "new/reports"
+        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--report-dir", folder)
+        self.assertEqual(sorted(path.suffix for path in folder.iterdir()), [".html", ".json"])
 
     def test_8_lost_standard_output(self):
         with open("/dev/full", "wb") as full:
@@ -222,6 +242,22 @@ class ExitCodes(KovctlTest):
         self.assertIn("look-up table 0 is active, read back", result.err)
         self.assertEqual(self.active_lut(), 0)
         self.assertEqual(len(self.run_kovctl("history", "-m", COLOUR, "--json").json["entries"]), 5)
+
+    def test_130_before_anything_was_changed(self):
+        """In the search, which blocks inside Java, and at the question."""
+        self.settings(search__ms="60000")
+        for command, number in (("calibrate", signal.SIGTERM), ("verify", signal.SIGINT),
+                                ("restore", signal.SIGHUP)):
+            process = self.start(command, "-v", "-m", COLOUR, "--json")
+            while b"searching for monitors" not in process.stderr.readline():
+                self.assertIsNone(process.poll())
+            start = time.monotonic()
+            process.send_signal(number)
+            result = self.finish(process)
+            self.assertEqual(result.code, 130, result)
+            self.assertLess(time.monotonic() - start, 20.0)
+            self.assertEqual(schemas.check(result.json)["message"],
+                             "canceled before anything was changed")
 
     def test_131_restore_failed(self):
         self.slow_patches()

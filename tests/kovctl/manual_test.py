@@ -45,6 +45,11 @@ class Manual(unittest.TestCase):
         for code in codes:
             self.assertRegex(help_of(), rf"\b{code} ")
 
+    def test_every_help_tells_of_the_options_for_all(self):
+        for command in COMMANDS:
+            for option in ("--json", "--json-lines", "--quiet", "--verbose", "--no-color"):
+                self.assertIn(option, help_of(command), command)
+
     @unittest.skipIf(programs.lacks("man"), "no man (Debian: man-db)")
     def test_formats_without_a_warning(self):
         result = subprocess.run(

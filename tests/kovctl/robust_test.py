@@ -159,6 +159,7 @@ class Permissions(KovctlTest):
         result = self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--report",
                                  folder / "r.html", code=8, by=by)
         self.assertIn("Permission denied", result.err)
+        self.assertIn("Nothing was measured", result.err)
         self.assertEqual(list(folder.iterdir()), [])
 
 

@@ -68,6 +68,14 @@ class Terminal(KovctlTest):
         self.assertIn("patch 18 of 18", whole)
         fractions = [int(found) for found in re.findall(r"(\d+) %  patch \d+ of ~", whole)]
         self.assertEqual(fractions, sorted(fractions))
+        # A luminance stands beside its own level only.
+        last = 0
+        for line in lines:
+            found = re.search(r"patch (\d+)", line)
+            number = int(found.group(1)) if found else last
+            if number != last:
+                self.assertNotIn("cd/m²", line)
+            last = number
         # The line is gone before the result.
         self.assertRegex(text, r"\r\x1b\[KCriterion")
 

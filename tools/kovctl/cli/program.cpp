@@ -7,6 +7,10 @@
 namespace kovctl {
 namespace {
 
+constexpr const char* kGlobalFooter =
+    "With every command: --json, --json-lines, -q/--quiet, -v/--verbose and --no-color;\n"
+    "\"kovctl --help\" explains them.";
+
 /// Options with the kind of their value, and without the parser's own notes on what it checks: the
 /// descriptions say that in words.
 class HelpFormatter : public CLI::Formatter {
@@ -59,7 +63,10 @@ std::unique_ptr<CLI::App> makeProgram(Context& context) {
   addCompletionCommand(*program, context);
   addPatchWindowCommand(*program, context);
   for (CLI::App* const command : program->get_subcommands({})) {
-    if (!command->get_group().empty()) command->group("Commands");
+    if (command->get_group().empty()) continue;
+    command->group("Commands");
+    const std::string own = command->get_footer();
+    command->footer(own + (own.empty() ? "" : "\n") + kGlobalFooter);
   }
   program->footer(
       "Exit codes: 0 ok, 1 Java failure, 2 usage, 3 monitor, 4 outside limits, 5 plug-in or "

@@ -25,19 +25,6 @@ void makeConsole(Context& context) {
   context.console = std::make_unique<Console>(options);
 }
 
-ExitCode report(Context& context, const Failure& failure) {
-  Console& console = context.out();
-  console.error(failure.what());
-  for (const std::string& line : failure.details) console.error("  " + line);
-  Json document = documentOf("error");
-  document["exitCode"] = static_cast<int>(failure.code);
-  document["exitName"] = nameOf(failure.code);
-  document["message"] = failure.what();
-  document["details"] = failure.details;
-  console.document(document);
-  return failure.code;
-}
-
 // Which exit code a failure has that left a command.
 ExitCode runCommand(Context& context) try {
   return context.command();
@@ -46,13 +33,21 @@ ExitCode runCommand(Context& context) try {
   // An interrupt ends the wait for an instrument; once a monitor is changed, runs see to it
   // themselves.
   if (failure.code == ExitCode::kInstrument && sys::interruptCount() > 0) {
-    return report(context, Failure(ExitCode::kCanceled, "canceled before anything was changed"));
+    return reportFailure(context,
+                         Failure(ExitCode::kCanceled, "canceled before anything was changed"));
   }
-  return report(context, failure);
+  return reportFailure(context, failure);
 }
 
 std::string mistakeOf(const CLI::App& program, const CLI::ParseError& end) {
   const std::vector<std::string> rest = program.remaining();
+  const bool isExtra = end.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError);
+  if (isExtra && !program.get_subcommands().empty()) {
+    // The parser lists them from behind.
+    std::string all;
+    for (const std::string& word : program.remaining(true)) all += " " + word;
+    return "not expected:" + all;
+  }
   if (!program.get_subcommands().empty()) return end.what();
   if (rest.empty()) return "a command is needed";
   const std::string kind = rest.front().rfind('-', 0) == 0 ? "option" : "command";
@@ -76,11 +71,24 @@ ExitCode parseEnd(const CLI::App& program, const CLI::ParseError& end, Context& 
   makeConsole(context);
   std::string help = "kovctl ";
   for (const CLI::App* command : program.get_subcommands()) help += command->get_name() + " ";
-  return report(context, Failure(ExitCode::kUsage, mistakeOf(program, end),
-                                 {"\"" + help + "--help\" tells what there is."}));
+  return reportFailure(context, Failure(ExitCode::kUsage, mistakeOf(program, end),
+                                        {"\"" + help + "--help\" tells what there is."}));
 }
 
 }  // namespace
+
+ExitCode reportFailure(Context& context, const Failure& failure) {
+  Console& console = context.out();
+  console.error(failure.what());
+  for (const std::string& line : failure.details) console.error("  " + line);
+  Json document = documentOf("error");
+  document["exitCode"] = static_cast<int>(failure.code);
+  document["exitName"] = nameOf(failure.code);
+  document["message"] = failure.what();
+  document["details"] = failure.details;
+  console.document(document);
+  return failure.code;
+}
 
 int runProgram(int count, const char* const* arguments) {
   Context context;

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <fmt/format.h>
 
+#include "cli/early_interrupt.h"
 #include "commands/commands.h"
 #include "failure.h"
 #include "monitors/found_monitors.h"
 #include "monitors/mode_keeper.h"
 #include "monitors/mode_note.h"
-#include "system/interrupts.h"
 
 namespace kovctl {
 namespace {
@@ -18,8 +18,10 @@ unsigned wantedMode(const ChosenMonitor& chosen, std::optional<int> lut) {
 }
 
 ExitCode restore(Context& context, const std::string& wanted, std::optional<int> lut) {
+  std::optional<EarlyInterrupt> early(context);
   const ChosenMonitor chosen = chooseMonitor(context, wanted);
-  sys::catchInterrupts();
+  early.reset();
+  throwIfInterrupted();
   const unsigned before = chosen.monitor.getCalModeValue();
   const unsigned mode = wantedMode(chosen, lut);
   const ModeResult result = activateMode(chosen.monitor, mode);

@@ -27,8 +27,12 @@ void IccInstrument::open(const std::string& monitorSerial) {
   icclu = std::make_unique<ToolProcess>(
       std::vector<std::string>{"icclu", "-v0", "-ff", "-ia", "-px", profile},
       options.isInterrupted);
-  blackY = lookUp(0.0, 0.0, 0.0)[1];
-  whiteXyz = lookUp(1.0, 1.0, 1.0);
+  try {
+    blackY = lookUp(0.0, 0.0, 0.0)[1];
+    whiteXyz = lookUp(1.0, 1.0, 1.0);
+  } catch (const Failure& failure) {
+    throw Failure(failure.code, profile + " as an ICC profile: " + failure.what(), failure.details);
+  }
   whiteY = whiteXyz[1];
   if (!(whiteY > blackY)) {
     throw Failure(ExitCode::kInstrument, profile + ": the profile's white is not above its black");

@@ -91,6 +91,8 @@ void Progress::begin(const std::string& title, const std::string& name,
 void Progress::showPatch(const Patch& patch) {
   const std::lock_guard lock(mutex);
   ++state.patch;
+  // The one before it belongs to another level.
+  state.luminance.reset();
   state.color = colorText(patch);
   draw();
 }

@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "cli/early_interrupt.h"
 #include "monitors/java_start.h"
 #include "record/patch_roles.h"
 #include "run/cancel_watch.h"
@@ -48,6 +49,7 @@ Calibration::Calibration(Context& hostContext, const RunOptions& runOptions,
 ExitCode Calibration::perform() {
   sayPending(context, record, keeper);
   prepare();
+  throwIfInterrupted();
   ExitCode code = ExitCode::kOk;
   try {
     code = run();

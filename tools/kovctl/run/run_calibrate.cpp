@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
+#include "cli/early_interrupt.h"
 #include "failure.h"
 #include "metrics/limits.h"
 #include "run/calibration.h"
 #include "run/run.h"
-#include "system/interrupts.h"
+#include "run/run_files.h"
 #include "target/target_request.h"
 
 namespace kovctl {
@@ -22,8 +23,11 @@ void checkLimits(const RunOptions& options) {
 ExitCode calibrate(Context& context, const RunOptions& options) {
   checkLimits(options);
   const TargetRequest request = makeTarget(options.target);
+  checkRunFiles(options);
+  std::optional<EarlyInterrupt> early(context);
   const ChosenMonitor chosen = chooseMonitor(context, options.monitor);
-  sys::catchInterrupts();
+  early.reset();
+  throwIfInterrupted();
   Calibration calibration(context, options, request, chosen);
   return calibration.perform();
 }

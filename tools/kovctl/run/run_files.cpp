@@ -3,6 +3,7 @@
 
 #include <filesystem>
 
+#include "failure.h"
 #include "metrics/evaluation.h"
 #include "metrics/verdict.h"
 #include "record/run_record_json.h"
@@ -57,7 +58,38 @@ void writeOne(Context& context, FilesWritten& files, const std::string& path,
   }
 }
 
+[[noreturn]] void refuse(const std::string& path, const std::string& reason) {
+  throw Failure(ExitCode::kOutput, "nothing can be written to " + path + reason,
+                {"Nothing was measured, and nothing changed on the monitor."});
+}
+
+void tryFile(const std::string& path) {
+  std::error_code none;
+  if (sys::isFolder(path)) refuse(path, ": it is a folder");
+  if (sys::exists(path) && !std::filesystem::is_regular_file(sys::pathOf(path), none)) return;  // a device
+  const std::string beside = path + ".try";
+  try {
+    sys::writeWhole(beside, "");
+  } catch (const std::runtime_error& reason) {
+    refuse(path, std::string(reason.what()).substr(beside.size()));
+  }
+  sys::removeFile(beside);
+}
+
 }  // namespace
+
+void checkRunFiles(const RunOptions& options) {
+  for (const std::string& path : {options.report, options.record}) {
+    if (!path.empty()) tryFile(path);
+  }
+  if (options.reportFolder.empty()) return;
+  std::error_code error;
+  std::filesystem::create_directories(sys::pathOf(options.reportFolder), error);
+  if (!sys::isFolder(options.reportFolder)) {
+    refuse(options.reportFolder, error ? ": " + error.message() : ": it is no folder");
+  }
+  tryFile(options.reportFolder + "/kovctl");
+}
 
 std::vector<HistoryPoint> earlierRuns(const std::string& folder, const RunRecord& of) {
   std::vector<HistoryPoint> points;
@@ -87,8 +119,6 @@ FilesWritten writeRunFiles(Context& context, const RunRecord& record, const RunO
   if (!options.report.empty()) reports.push_back(options.report);
   if (!options.record.empty()) records.push_back(options.record);
   if (!options.reportFolder.empty()) {
-    std::error_code error;
-    std::filesystem::create_directories(sys::pathOf(options.reportFolder), error);
     earlier = earlierRuns(options.reportFolder, record);
     const std::string base = options.reportFolder + "/" + baseName(record);
     reports.push_back(base + ".html");

@@ -16,6 +16,10 @@ struct FilesWritten {
   std::vector<std::string> paths;
 };
 
+/// Tries, before anything is measured, whether the files that the options ask for can be written;
+/// makes the folder that is missing. @throws Failure(kOutput)
+void checkRunFiles(const RunOptions& options);
+
 /// Writes the report and the record that the options ask for, each whole or not at all. What cannot
 /// be written is said and does not keep the other from being written.
 FilesWritten writeRunFiles(Context& context, const RunRecord& record, const RunOptions& options);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <fmt/format.h>
 
+#include "cli/early_interrupt.h"
 #include "failure.h"
 #include "monitors/found_monitors.h"
 #include "monitors/java_start.h"
@@ -9,8 +10,8 @@
 #include "run/record_start.h"
 #include "run/run.h"
 #include "run/run_end.h"
+#include "run/run_files.h"
 #include "run/stored_target.h"
-#include "system/interrupts.h"
 
 namespace kovctl {
 namespace {
@@ -70,16 +71,20 @@ ExitCode verify(Context& context, const RunOptions& options) {
   checkLimits(options);
   // What makes no sense is said before anything is searched for.
   readTarget(options.target, defaultTarget());
+  checkRunFiles(options);
+  std::optional<EarlyInterrupt> early(context);
   const ChosenMonitor chosen = chooseMonitor(context, options.monitor);
   ModeKeeper keeper(chosen.monitor, chosen.name);
   const int lut = options.lut.value_or(static_cast<int>(keeper.mode()));
   const TargetRequest request = targetToVerify(context, options.target, chosen.monitor, lut);
-  sys::catchInterrupts();
+  early.reset();
+  throwIfInterrupted();
   MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);
   RunRecord record =
       startRecord(RunKind::kVerify, chosen, lut, request, options, station.instrument().info());
   sayPending(context, record, keeper);
   // Not the table that a killed run has left active: that goes back where it was, too.
+  throwIfInterrupted();
   const bool switched =
       keeper.active() != static_cast<unsigned>(lut) || keeper.active() != keeper.mode();
   ExitCode code = ExitCode::kOk;

@@ -1,0 +1,43 @@
+// SPDX-License-Identifier: MIT
+#include "cli/early_interrupt.h"
+
+#include <cstdlib>
+
+#include "cli/program.h"
+#include "failure.h"
+#include "monitors/java_start.h"
+#include "system/interrupts.h"
+
+namespace kovctl {
+namespace {
+
+constexpr std::chrono::milliseconds kSlice{50};
+
+Failure canceled() { return Failure(ExitCode::kCanceled, "canceled before anything was changed"); }
+
+}  // namespace
+
+// Caught from the beginning, and again once Java has put its own handlers in place.
+EarlyInterrupt::EarlyInterrupt(Context& hostContext) : context(hostContext) {
+  sys::catchInterrupts();
+  startJava();
+  sys::catchInterrupts();
+  thread = std::thread([this] {
+    while (!over) {
+      if (!sys::waitForInterrupt(0, kSlice)) continue;
+      // Without unwinding: the other thread is somewhere inside Java.
+      std::_Exit(static_cast<int>(reportFailure(context, canceled())));
+    }
+  });
+}
+
+EarlyInterrupt::~EarlyInterrupt() {
+  over = true;
+  thread.join();
+}
+
+void throwIfInterrupted() {
+  if (sys::interruptCount() > 0) throw canceled();
+}
+
+}  // namespace kovctl
