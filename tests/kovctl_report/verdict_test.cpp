@@ -138,7 +138,7 @@ TEST(Evaluation, TheLibrarysOwnVerificationDecidesWhereNoCheckWasWanted) {
   const Verdict verdict = verdictOn(record);
   EXPECT_EQ(verdict.outcome, Outcome::kPass);
   EXPECT_EQ(verdict.reason,
-            "All 4 limits that apply are met. Measured by the library's own verification; there "
+            "All 3 limits that apply are met. Measured by the library's own verification; there "
             "was no independent check.");
 }
 
@@ -181,7 +181,7 @@ TEST(Evaluation, BlackOfZeroAndBelowIsNoAccident) {
 TEST(Verdict, PassesWhatIsWithinAndNamesTheReason) {
   const Verdict verdict = verdictOn(exact(15));
   EXPECT_EQ(verdict.outcome, Outcome::kPass);
-  EXPECT_EQ(verdict.reason, "All 4 limits that apply are met.");
+  EXPECT_EQ(verdict.reason, "All 3 limits that apply are met.");
   ASSERT_EQ(verdict.criteria.size(), static_cast<std::size_t>(kQuantities));
 }
 
@@ -264,6 +264,32 @@ TEST(Limits, EveryNumberNamesItsSource) {
   EXPECT_EQ(findLimits("nothing"), nullptr);
 }
 
+TEST(Limits, AreOfTheStandardTheyAreNamedAfterOrSayThatTheyAreNot) {
+  for (const LimitsProfile& profile : limitsProfiles()) {
+    EXPECT_FALSE(profile.notJudged.empty()) << profile.name;
+    const std::string_view standard = profile.name.substr(0, profile.name.find('-'));
+    const std::string_view name = standard == "din" ? "DIN 6868-157" : "AAPM";
+    for (const Limit& limit : profile.limits) {
+      const bool isGerman = limit.source.find("German quality") != std::string_view::npos;
+      const bool isOfIt = limit.source.find(name) != std::string_view::npos || isGerman;
+      EXPECT_NE(limit.isOwn, isOfIt) << profile.name << ": " << limit.source;
+      EXPECT_EQ(limit.source.rfind("of no standard", 0) == 0, limit.isOwn);
+    }
+  }
+}
+
+TEST(Verdict, APassNamesWhatItCouldNotJudge) {
+  RunRecord record = exact(15);
+  record.target.ambient.reset();
+  const Verdict verdict = verdictOn(record);
+  EXPECT_EQ(verdict.outcome, Outcome::kPass);
+  EXPECT_EQ(verdict.reason,
+            "All 2 limits that apply are met. Not judged: Ambient ratio (the ambient light is not "
+            "known).");
+  EXPECT_EQ(of(verdict, Quantity::kWhiteLevel).note,
+            "a tolerance of this program, not of the standard");
+}
+
 TEST(Limits, HaveTheSourcesNumbers) {
   const auto value = [](std::string_view profile, Quantity quantity) {
     for (const Limit& limit : findLimits(profile)->limits)
@@ -274,9 +300,12 @@ TEST(Limits, HaveTheSourcesNumbers) {
   EXPECT_EQ(value("tg270-other", Quantity::kContrastResponse), 0.20);
   EXPECT_EQ(value("tg18-primary", Quantity::kContrastResponse), 0.10);
   EXPECT_EQ(value("tg270-diagnostic", Quantity::kAmbientRatio), 2.0 / 3.0);
-  EXPECT_EQ(value("tg270-diagnostic", Quantity::kLuminanceRatio), 250.0);
+  EXPECT_EQ(value("acr-diagnostic", Quantity::kContrastResponse), 0.10);
+  EXPECT_EQ(value("acr-other", Quantity::kContrastResponse), 0.20);
+  EXPECT_EQ(value("acr-diagnostic", Quantity::kMaximumLuminance), 350.0);
+  EXPECT_EQ(value("acr-other", Quantity::kMaximumLuminance), 250.0);
   EXPECT_EQ(value("tg270-diagnostic", Quantity::kWhiteLevel), 0.10);
-  EXPECT_EQ(value("tg270-other", Quantity::kLuminanceRatio), -1.0);
+  EXPECT_EQ(value("tg270-diagnostic", Quantity::kLuminanceRatio), -1.0);
   EXPECT_EQ(value("din-6868-157-dental-rk5", Quantity::kMaximumLuminance), 200.0);
   EXPECT_EQ(value("din-6868-157-dental-rk6", Quantity::kMaximumLuminance), 300.0);
   EXPECT_EQ(value("din-6868-157-dental-rk5", Quantity::kLuminanceRatio), 100.0);

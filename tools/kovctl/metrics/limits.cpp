@@ -7,8 +7,8 @@ namespace kovctl {
 namespace {
 
 // The reports and standards themselves are not free to read; each figure names the public text that
-// quotes it. A figure that only a seller's documents quote is left out, and with it a profile that
-// has no other.
+// quotes it. What no such text quotes is not judged, and the profile says so. One figure is of no
+// standard at all: how far the white may be off the target that a user has chosen.
 constexpr std::string_view kContrastDiagnostic =
     "ACR–AAPM–SIIM technical standard for electronic practice of medical imaging: within 10 % of "
     "the GSDF for diagnostic interpretation; quoted in the pacsDisplay module documentation "
@@ -26,14 +26,15 @@ constexpr std::string_view kContrastTg18 =
     "the ACR–AAPM–SIIM technical standard for electronic practice of medical imaging; both in the "
     "pacsDisplay module documentation (GitHub, pacsdisplay/pacsdisplay), lumResponse, QC "
     "evaluations";
-constexpr std::string_view kRatioNewYork =
-    "not from the AAPM: New York City quality assurance regulations for primary diagnostic "
-    "monitors (2016), luminance ratio of at least 250:1; quoted in the abstracts of The "
-    "Assessment and Characterization of the Built-in Internal Photometer of Primary Diagnostic "
-    "Monitors (SU-F-I-61, doi 10.1118/1.4955889, and the article of that title)";
+constexpr std::string_view kAcrLuminance =
+    "ACR–AAPM–SIIM technical standard for electronic practice of medical imaging: maximum "
+    "luminance "
+    "of at least 350 cd/m² for diagnostic interpretation (420 cd/m² for mammography, not judged "
+    "here) and 250 cd/m² for other purposes; summarized in Display requirements for diagnostic "
+    "interpretation of radiology images (seekhealthz.com)";
 constexpr std::string_view kWhiteLevelTolerance =
-    "not from the AAPM: 10 % tolerance on the target maximum luminance, recommended by the seller "
-    "of the monitors examined in the article The Assessment and Characterization of the Built-in "
+    "of no standard: 10 % tolerance on the target maximum luminance, recommended by the seller of "
+    "the monitors examined in the article The Assessment and Characterization of the Built-in "
     "Internal Photometer of Primary Diagnostic Monitors (abstract)";
 
 constexpr std::string_view kDental5Luminance =
@@ -52,21 +53,33 @@ constexpr std::string_view kDentalRatio =
 using enum Quantity;
 using enum Bound;
 
+// Of the target, not of the standard: a white far off what was asked for is no success.
+constexpr Limit kTargetWhite{kWhiteLevel, kAtMost, 0.10, kWhiteLevelTolerance, true};
+
 constexpr Limit kTg270Diagnostic[] = {
     {kContrastResponse, kAtMost, 0.10, kContrastDiagnostic},
-    {kLuminanceRatio, kAtLeast, 250.0, kRatioNewYork},
     {kAmbientRatio, kAtMost, 2.0 / 3.0, kAmbientTwoThirds},
-    {kWhiteLevel, kAtMost, 0.10, kWhiteLevelTolerance},
+    kTargetWhite,
 };
 constexpr Limit kTg270Other[] = {
     {kContrastResponse, kAtMost, 0.20, kContrastOther},
     {kAmbientRatio, kAtMost, 2.0 / 3.0, kAmbientTwoThirds},
-    {kWhiteLevel, kAtMost, 0.10, kWhiteLevelTolerance},
+    kTargetWhite,
 };
 constexpr Limit kTg18Primary[] = {
     {kContrastResponse, kAtMost, 0.10, kContrastTg18},
     {kAmbientRatio, kAtMost, 2.0 / 3.0, kAmbientTwoThirds},
-    {kWhiteLevel, kAtMost, 0.10, kWhiteLevelTolerance},
+    kTargetWhite,
+};
+constexpr Limit kAcrDiagnostic[] = {
+    {kContrastResponse, kAtMost, 0.10, kContrastDiagnostic},
+    {kMaximumLuminance, kAtLeast, 350.0, kAcrLuminance},
+    kTargetWhite,
+};
+constexpr Limit kAcrOther[] = {
+    {kContrastResponse, kAtMost, 0.20, kContrastOther},
+    {kMaximumLuminance, kAtLeast, 250.0, kAcrLuminance},
+    kTargetWhite,
 };
 constexpr Limit kDental5[] = {
     {kLuminanceRatio, kAtLeast, 100.0, kDentalRatio},
@@ -77,14 +90,28 @@ constexpr Limit kDental6[] = {
     {kMaximumLuminance, kAtLeast, 300.0, kDental6Luminance},
 };
 
+constexpr std::string_view kAapmLeft =
+    "minimum and maximum luminance, luminance ratio, white point, uniformity";
+constexpr std::string_view kAcrLeft =
+    "minimum luminance, luminance ratio, ambient light, white point, uniformity";
+constexpr std::string_view kDentalLeft = "gray scale, uniformity";
+
 constexpr std::array kProfiles{
-    LimitsProfile{"tg270-diagnostic", "AAPM Report 270 (2019), diagnostic", kTg270Diagnostic},
-    LimitsProfile{"tg270-other", "AAPM Report 270 (2019), other uses", kTg270Other},
-    LimitsProfile{"tg18-primary", "AAPM TG-18 (2005), primary", kTg18Primary},
+    LimitsProfile{"tg270-diagnostic", "AAPM Report 270 (2019), diagnostic, contrast and room light",
+                  kTg270Diagnostic, kAapmLeft},
+    LimitsProfile{"tg270-other", "AAPM Report 270 (2019), other uses, contrast and room light",
+                  kTg270Other, kAapmLeft},
+    LimitsProfile{"tg18-primary", "AAPM TG-18 (2005), primary, contrast and room light",
+                  kTg18Primary, kAapmLeft},
+    LimitsProfile{"acr-diagnostic",
+                  "ACR–AAPM–SIIM technical standard, diagnostic, contrast and white",
+                  kAcrDiagnostic, kAcrLeft},
+    LimitsProfile{"acr-other", "ACR–AAPM–SIIM technical standard, other uses, contrast and white",
+                  kAcrOther, kAcrLeft},
     LimitsProfile{"din-6868-157-dental-rk5", "DIN 6868-157, dental, room class 5, luminance only",
-                  kDental5},
+                  kDental5, kDentalLeft},
     LimitsProfile{"din-6868-157-dental-rk6", "DIN 6868-157, dental, room class 6, luminance only",
-                  kDental6},
+                  kDental6, kDentalLeft},
 };
 
 }  // namespace

@@ -27,16 +27,17 @@ struct Limit {
   Bound bound;
   double value;
   std::string_view source;
+  bool isOwn = false;  ///< of this program, not of the profile's standard
 };
 
 struct LimitsProfile {
   std::string_view name;   ///< for command lines and records
   std::string_view title;  ///< for people
   std::span<const Limit> limits;
+  std::string_view notJudged;  ///< what the standard limits too, without a figure to cite here
 };
 
-/// All profiles, in the order in which they are offered. Every number names where it was found;
-/// what the standards limit beyond these numbers is not judged.
+/// All profiles, in the order in which they are offered. Every number names where it was found.
 std::span<const LimitsProfile> limitsProfiles();
 
 /// Null when there is none of this name.

@@ -99,7 +99,20 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
                                                      : *criterion.value >= limit->value;
   criterion.outcome = within ? Outcome::kPass : Outcome::kFail;
   if (quantity == Quantity::kContrastResponse) criterion.note = finerLevels(evaluation);
+  if (limit->isOwn) criterion.note = "a tolerance of this program, not of the standard";
   return criterion;
+}
+
+// What the profile limits and this run could not tell.
+std::string missingValues(const Verdict& verdict) {
+  std::string text;
+  for (const Criterion& criterion : verdict.criteria) {
+    // A target that leaves its white to the panel has no white to miss.
+    if (!criterion.limit || criterion.value || criterion.limit->isOwn) continue;
+    text += fmt::format("{}{} ({})", text.empty() ? " Not judged: " : ", ",
+                        nameOf(criterion.quantity), criterion.note);
+  }
+  return text.empty() ? text : text + ".";
 }
 
 void conclude(const RunRecord& record, const Evaluation& evaluation, Verdict& verdict) {
@@ -135,7 +148,7 @@ void conclude(const RunRecord& record, const Evaluation& evaluation, Verdict& ve
     verdict.outcome = Outcome::kPass;
     verdict.reason = (passed == 1 ? "The one limit that applies is met."
                                   : fmt::format("All {} limits that apply are met.", passed)) +
-                     addition;
+                     missingValues(verdict) + addition;
   }
 }
 

@@ -98,8 +98,10 @@ std::string verdictSection(const ReportView& view) {
     text = {"failed", "✕", "Failed", ""};
   const std::string profile =
       view.verdict.profile
-          ? fmt::format("Limits: {} (<code>{}</code>)", escapeHtml(view.verdict.profile->title),
-                        escapeHtml(view.verdict.profile->name))
+          ? fmt::format("Limits: {} (<code>{}</code>). Left open by this profile: {}.",
+                        escapeHtml(view.verdict.profile->title),
+                        escapeHtml(view.verdict.profile->name),
+                        escapeHtml(view.verdict.profile->notJudged))
       : view.record.limitsProfile.empty()
           ? std::string("Limits: none")
           : "Limits: " + outsideText(view.record.limitsProfile) + " (unknown)";

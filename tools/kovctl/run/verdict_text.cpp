@@ -61,7 +61,8 @@ std::string verdictText(const Console& console, const Verdict& verdict) {
   const bool isPass = verdict.outcome == Outcome::kPass;
   text += console.styled(isPass ? Console::Style::kGood : Console::Style::kBad,
                          isPass ? "PASS" : "NO PASS") +
-          profile + ": " + verdict.reason + "\n";
+          profile + ": " + verdict.reason + "\n" +
+          "Left open by this profile: " + std::string(verdict.profile->notJudged) + ".\n";
   return text;
 }
 
@@ -74,12 +75,16 @@ Json verdictJson(const Verdict& verdict) {
       one["bound"] = criterion.limit->bound == Bound::kAtMost ? "at-most" : "at-least";
       one["limit"] = criterion.limit->value;
       one["source"] = criterion.limit->source;
+      one["own"] = criterion.limit->isOwn;
     }
     if (!criterion.note.empty()) one["note"] = criterion.note;
     criteria.push_back(one);
   }
   Json json{{"outcome", jsonNameOf(verdict.outcome)}, {"reason", verdict.reason}};
-  if (verdict.profile != nullptr) json["profile"] = verdict.profile->name;
+  if (verdict.profile != nullptr) {
+    json["profile"] = verdict.profile->name;
+    json["notJudged"] = verdict.profile->notJudged;
+  }
   json["criteria"] = criteria;
   return json;
 }
