@@ -2,6 +2,7 @@
 #ifndef L5KOV_POCKETJSON_CONTAINER_H_
 #define L5KOV_POCKETJSON_CONTAINER_H_
 
+#include <atomic>
 #include <map>
 #include <string>
 #include <utility>
@@ -30,6 +31,15 @@ class Value::Container final : public AbstractContainer {
 template <typename T>
 T& Value::held() const noexcept {
   return static_cast<Container<T>*>(payload.container)->held;
+}
+
+/// Where Value::nullValue() is, once it has been made.
+extern std::atomic<const Value*> madeNullValue;
+
+/// nullValue(), without the call where it is there already.
+inline const Value& missingValue() noexcept {
+  const Value* const made = madeNullValue.load(std::memory_order_acquire);
+  return made != nullptr ? *made : Value::nullValue();
 }
 
 }  // namespace pocketjson

@@ -32,7 +32,7 @@ const Value& Value::operator[](std::string_view name) const noexcept {
   if (tag == Object) [[likely]] {
     if (const Value* found = findMember(held<Members>(), name)) return *found;
   }
-  return nullValue();
+  return missingValue();
 }
 
 Value& Value::operator[](std::size_t index) {
@@ -47,9 +47,9 @@ Value& Value::operator[](std::size_t index) {
 }
 
 const Value& Value::operator[](std::size_t index) const noexcept {
-  if (tag != Array) return nullValue();
+  if (tag != Array) return missingValue();
   const Elements& elements = held<Elements>();
-  return index < elements.size() ? elements[index] : nullValue();
+  return index < elements.size() ? elements[index] : missingValue();
 }
 
 void Value::append(const Value& element) {

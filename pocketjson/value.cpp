@@ -13,6 +13,8 @@ static_assert(sizeof(Value) == 16 && alignof(Value) == 8, "hosts have this layou
 static_assert(std::is_nothrow_move_constructible_v<Value>, "else growing an array could throw");
 static_assert(std::is_nothrow_copy_constructible_v<Value>);
 
+constinit std::atomic<const Value*> madeNullValue{nullptr};
+
 Value::AbstractContainer::~AbstractContainer() = default;
 
 Value::Value(const char* text) : Value() {
@@ -74,6 +76,7 @@ std::vector<std::string> Value::keys() const {
 
 const Value& Value::nullValue() noexcept {
   static const Value null;
+  madeNullValue.store(&null, std::memory_order_release);
   return null;
 }
 
