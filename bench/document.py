@@ -1,9 +1,8 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Puts measurements into the document: the tables and a picture of cost over size of the first
-ones, and the ratios of all of them.
+"""Puts measurements into the document: the tables and a picture of cost over size.
 
-  document.py DOCUMENT.md PICTURE.svg RESULTS.json...
+  document.py DOCUMENT.md PICTURE.svg RESULTS.json
 """
 import json
 import math
@@ -63,26 +62,11 @@ def read(path):
         return json.load(file)
 
 
-def repeated_lines(runs):
-    """The ratios with a limit, run by run, and how busy the machine was."""
-    loads = [f"load {run['load_before']:.0f}" for run in runs]
-    yield "| Work | beside | at most | " + " | ".join(loads) + " |"
-    yield "|---|---|---:|" + "---:|" * len(runs)
-    for of_all in zip(*(run["comparisons"] for run in runs)):
-        first = of_all[0]
-        if first["limit"] is None:
-            continue
-        ratios = " | ".join(f"{one['ratio']:.{4 if one['ratio'] < 0.01 else 2}f}"
-                            for one in of_all)
-        yield f"| {first['work']} | {first['baseline'].replace('_', ' ')} | {first['limit']} | {ratios} |"
-
-
-def main(document_path, picture_path, *results_paths):
-    runs = [read(path) for path in results_paths]
+def main(document_path, picture_path, results_path):
+    results = read(results_path)
     with open(document_path, encoding="utf-8") as file:
         text = file.read()
-    tables = dict(runs[0]["tables"], repeated="\n".join(repeated_lines(runs)))
-    for name, lines in tables.items():
+    for name, lines in results["tables"].items():
         marks = rf"(<!-- {name} -->\n).*?(<!-- end of {name} -->)"
         text, times = re.subn(marks, lambda m, body=lines: f"{m[1]}{body}\n{m[2]}", text,
                               flags=re.DOTALL)
@@ -91,7 +75,7 @@ def main(document_path, picture_path, *results_paths):
     with open(document_path, "w", encoding="utf-8") as file:
         file.write(text)
     with open(picture_path, "w", encoding="utf-8") as file:
-        file.write("\n".join(picture(runs[0]["sizes"])) + "\n")
+        file.write("\n".join(picture(results["sizes"])) + "\n")
 
 
 main(*sys.argv[1:])

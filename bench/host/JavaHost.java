@@ -4,18 +4,25 @@ import com.orva.kov.library.api.CalibrationTargetValues;
 import com.orva.kov.library.impl.KovMonitorLibrary;
 import com.orva.kov.library.impl.MeasuringHost;
 import com.orva.kov.library.impl.SimulatedMonitor;
-import com.orva.kov.library.impl.panel.PanelLink;
 import java.io.IOException;
 import java.util.List;
 
-/** A calibration without any program around it: the same target and panel, driven from Java. */
+/** A calibration without any program around it but the instrument's library: driven from Java. */
 final class JavaHost implements MeasuringHost {
-  private final PanelLink panel;
+  private final long meter = openMeter();
   private int steps;
+  private CalibrationResultValues result;
 
-  private JavaHost(PanelLink panel) {
-    this.panel = panel;
-  }
+  private JavaHost() {}
+
+  // The instrument's library; registered by the program.
+  private static native long openMeter();
+
+  private static native void closeMeter(long meter);
+
+  private static native void show(long meter, double red, double green, double blue);
+
+  private static native double[] measure(long meter);
 
   /** The number of patches and measurements. */
   static int calibrate(String model, String serial) throws IOException {
@@ -29,21 +36,25 @@ final class JavaHost implements MeasuringHost {
     target.setGammaModelType("Dicom 14");
     target.setGammaModelTag(
         monitor.extractCalibrationData().get(0).getCalibrationTargetValues().getGammaModelTag());
-    JavaHost host = new JavaHost(monitor.panel());
-    monitor.performCalibration(List.of(target), false, 52, false, "bench", host);
-    return host.steps;
+    JavaHost host = new JavaHost();
+    try {
+      monitor.performCalibration(List.of(target), false, 52, false, "bench", host);
+      return host.result.getBacklightSensorValue() > 0 ? host.steps : -1;
+    } finally {
+      closeMeter(host.meter);
+    }
   }
 
   @Override
   public void showTestPattern(int red, int green, int blue) {
     ++steps;
-    panel.show(red / 255.0, green / 255.0, blue / 255.0);
+    show(meter, red / 255.0, green / 255.0, blue / 255.0);
   }
 
   @Override
   public double[] measure() {
     ++steps;
-    return panel.measure();
+    return measure(meter);
   }
 
   @Override
@@ -51,6 +62,7 @@ final class JavaHost implements MeasuringHost {
 
   @Override
   public boolean finish(List<CalibrationResultValues> results) {
+    result = results.get(results.size() - 1);
     return true;
   }
 

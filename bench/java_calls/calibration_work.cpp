@@ -1,81 +1,82 @@
 // SPDX-License-Identifier: MIT
-// A whole calibration of 52 gray levels, through the library and driven from Java alone.
+// A whole calibration of 52 gray levels: through the library, driven from Java alone with the same
+// instrument, and what of the first is the library's own.
+#include <algorithm>
+
+#include "bench/java_calls/calibration_host.h"
 #include "bench/java_calls/raw_java.h"
+#include "bench/java_calls/watched_calls.h"
 #include "bench/support/measured.h"
 #include "bench/support/workstation.h"
-#include "simulator/meter/sim_meter.h"
 
 namespace {
 
+using bench::Instrument;
+using bench::Stopwatch;
+using bench::ThreadClock;
+using bench::WallClock;
 using lumora::kov::PatchRecord;
 
-// Another than the one whose history is measured: each calibration adds to it.
-constexpr const char* kCalibratedModel = "OR-C240";
-constexpr const char* kCalibratedSerial = "24000777";
-
-class Instrument : public lumora::kov::KovCalibratorDelegate {
- public:
-  Instrument() : meter(MDSimOpen(163, "METER-17", kCalibratedSerial)) {}
-  ~Instrument() override { MDSimClose(meter); }
-  Instrument(const Instrument&) = delete;
-  Instrument& operator=(const Instrument&) = delete;
-
-  void showColorPatch(PatchRecord& patch) override {
-    ++steps;
-    MDSimShowPatch(meter, patch[4], patch[5], patch[6]);
-  }
-  void measure(void* device, PatchRecord*, PatchRecord* result) override {
-    ++steps;
-    MDSimMeasure(device, &(*result)[8], &(*result)[10], &(*result)[11]);
-  }
-  void progress(double) override {}
-  void notifyEvent(std::string) override {}
-
-  void* meter;
-  int steps = 0;
-};
-
-pocketjson::Value target() {
-  pocketjson::Value target;
-  target["LmaxValue"] = 250.0;
-  target["LminValue"] = 0.5;
-  target["IsUsedLamb"] = true;
-  target["ColorTemperatureType"] = "OFF";
-  target["DisplayFunctionType"] = "DICOM";
-  target["numberOfGraylevels"] = 52;
-  return target;
-}
-
-int calibrate() {
+int calibrateOnce() {
   Instrument instrument;
-  lumora::kov::KovCalibrator calibrator(kCalibratedModel, kCalibratedSerial, 0, instrument.meter, "bench",
-                                        "", &instrument);
-  const bool done = calibrator.registerCallback() == OM_OK &&
-                    calibrator.setCalibrationTarget(target(), {}, {}, 0.1, false) == OM_OK &&
-                    calibrator.execute() == OM_OK;
-  return done && calibrator.getCalibrationData().size() > 0 ? instrument.steps : -1;
+  return bench::calibrate(instrument);
 }
 
 void calibration(benchmark::State& state) {
   bench::colourMonitor();
   bench::workstation().settle("");
-  const int steps = calibrate();
+  const int steps = calibrateOnce();
   if (steps <= 0) return state.SkipWithError("the calibration failed");
-  bench::measure(state, [] { return calibrate(); });
+  bench::measure(state, calibrateOnce);
   state.counters["steps"] = steps;
+}
+
+// ---- From Java alone. The instrument is the maker's native library for it, too. ----
+
+void* meterOf(jlong handle) { return reinterpret_cast<void*>(static_cast<std::intptr_t>(handle)); }
+
+jlong JNICALL openMeter(JNIEnv*, jclass) {
+  void* const meter = MDSimOpen(163, "METER-17", bench::kCalibratedSerial);
+  return static_cast<jlong>(reinterpret_cast<std::intptr_t>(meter));
+}
+void JNICALL closeMeter(JNIEnv*, jclass, jlong meter) { MDSimClose(meterOf(meter)); }
+void JNICALL show(JNIEnv*, jclass, jlong meter, jdouble red, jdouble green, jdouble blue) {
+  MDSimShowPatch(meterOf(meter), red, green, blue);
+}
+jdoubleArray JNICALL measureByMeter(JNIEnv* env, jclass, jlong meter) {
+  double values[3] = {};
+  MDSimMeasure(meterOf(meter), &values[0], &values[1], &values[2]);
+  const jdoubleArray array = env->NewDoubleArray(3);
+  env->SetDoubleArrayRegion(array, 0, 3, values);
+  return array;
+}
+
+jclass javaHost() {
+  const jclass host = bench::hostClass("JavaHost");
+  const auto entry = [](const char* name, const char* signature, auto* procedure) {
+    return JNINativeMethod{const_cast<char*>(name), const_cast<char*>(signature),
+                           reinterpret_cast<void*>(procedure)};
+  };
+  const JNINativeMethod table[] = {
+      entry("openMeter", "()J", &openMeter), entry("closeMeter", "(J)V", &closeMeter),
+      entry("show", "(JDDD)V", &show), entry("measure", "(J)[D", &measureByMeter)};
+  if (bench::raw().env->RegisterNatives(host, table, 4) != 0) {
+    throw std::runtime_error("the Java host's functions were refused");
+  }
+  return host;
 }
 
 void calibrationFromJava(benchmark::State& state) {
   const bench::RawJava& r = bench::raw();
   bench::workstation().settle("");
-  static const jclass host = bench::hostClass("JavaHost");
+  static const jclass host = javaHost();
   const jmethodID method =
       r.env->GetStaticMethodID(host, "calibrate", "(Ljava/lang/String;Ljava/lang/String;)I");
   const auto run = [&] {
     r.env->PushLocalFrame(8);
     const jint steps = bench::checked(r.env, [&] {
-      return r.env->CallStaticIntMethod(host, method, r.env->NewStringUTF(kCalibratedModel),
-                                        r.env->NewStringUTF(kCalibratedSerial));
+      return r.env->CallStaticIntMethod(host, method, r.env->NewStringUTF(bench::kCalibratedModel),
+                                        r.env->NewStringUTF(bench::kCalibratedSerial));
     });
     r.env->PopLocalFrame(nullptr);
     return steps;
@@ -85,7 +86,74 @@ void calibrationFromJava(benchmark::State& state) {
   state.counters["steps"] = steps;
 }
 
+// ---- The library's own share ----
+
+class TimedInstrument : public Instrument {
+ public:
+  void showColorPatch(PatchRecord& patch) override {
+    const Stopwatch<WallClock> inside(inHost);
+    Instrument::showColorPatch(patch);
+  }
+  void measure(void* device, PatchRecord* patch, PatchRecord* result) override {
+    const Stopwatch<WallClock> inside(inHost);
+    Instrument::measure(device, patch, result);
+  }
+  std::chrono::nanoseconds inHost{};
+};
+
+// All of a calibrator's life but what Java does in the calls that the library makes, and the host
+// in its functions. What else the library asks of the Java runtime (references, texts, the
+// registration of its functions, which is told apart) counts as its own. At each border the clock
+// answers once on our side.
+struct OwnTime {
+  std::chrono::nanoseconds all, registering;
+};
+OwnTime ownTimeOf(const bench::RawJava& r, jmethodID performCalibration, double clockAnswer) {
+  TimedInstrument instrument;
+  std::chrono::nanoseconds all{};
+  const bench::WatchedCalls watched(r.env, performCalibration);
+  {
+    const Stopwatch<ThreadClock> whole(all);
+    if (bench::calibrate(instrument) <= 0) throw std::runtime_error("the calibration failed");
+  }
+  const double clocks = clockAnswer * (watched.borders() + instrument.steps);
+  return {all - watched.inJava() + watched.inNatives() - instrument.inHost -
+              std::chrono::nanoseconds(static_cast<std::int64_t>(clocks)),
+          watched.registering()};
+}
+
+// Nanoseconds, when nothing else comes between.
+double clockAnswer() {
+  constexpr int kTimes = 1000;
+  double least = 1e9;
+  for (int i = 0; i < 50; ++i) {
+    std::chrono::nanoseconds all{}, inner{};
+    {
+      const Stopwatch<WallClock> whole(all);
+      for (int k = 0; k < kTimes; ++k) const Stopwatch<WallClock> one(inner);
+    }
+    least = std::min(least, static_cast<double>(all.count()) / (2 * kTimes));
+  }
+  return least;
+}
+
+void ownShare(benchmark::State& state) {
+  const bench::RawJava& r = bench::raw();
+  bench::workstation().settle("");
+  const jmethodID performCalibration = r.env->GetMethodID(
+      r.monitorClass, "performCalibration", "(Ljava/util/List;ZIZLjava/lang/String;J)V");
+  const double answer = clockAnswer();
+  double registering = 0.0;
+  for (auto _ : state) {
+    const OwnTime own = ownTimeOf(r, performCalibration, answer);
+    state.SetIterationTime(std::chrono::duration<double>(own.all).count());
+    registering += static_cast<double>(own.registering.count());
+  }
+  state.counters["registering_ns"] = registering / static_cast<double>(state.iterations());
+}
+
 }  // namespace
 
 BENCHMARK(calibration)->Name("calibration/library");
 BENCHMARK(calibrationFromJava)->Name("calibration/raw");
+BENCHMARK(ownShare)->Name("calibration/own")->UseManualTime();

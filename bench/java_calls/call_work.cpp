@@ -156,7 +156,10 @@ BENCHMARK(textCalls)->Name("text_calls/library");
 BENCHMARK(textCallsByHand)->Name("text_calls/raw");
 BENCHMARK(queryInt)->Name("query_int/library");
 BENCHMARK(queryIntByHand)->Name("query_int/raw");
+// Beside the least that answers the same.
+BENCHMARK(intCallByHand)->Name("query_int/raw_unchecked");
 BENCHMARK(queryText)->Name("query_text/library");
 BENCHMARK(queryTextByHand)->Name("query_text/raw");
+BENCHMARK(textCallByHand)->Name("query_text/raw_unchecked");
 BENCHMARK(queryEdid)->Name("query_edid/library");
 BENCHMARK(queryEdidByHand)->Name("query_edid/raw");
