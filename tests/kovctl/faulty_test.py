@@ -2,19 +2,19 @@
 """Failures that no part of kovctl expects: the monitor is put back all the same."""
 import os
 
-import schemas
 import side_by_side
-from harness import COLOUR, KovctlTest
+from asked import Asked
+from harness import COLOUR
 
 
-class Faulty(KovctlTest):
+class Faulty(Asked):
     def setUp(self):
         super().setUp()
         self.environment["LD_PRELOAD"] = os.environ["KOVCTL_FAULTY_METER"]
 
     def fail_at(self, measurement, *arguments, code):
         self.environment["L5KOV_FAULTY_METER"] = str(measurement)
-        document = schemas.check(self.run_kovctl(*arguments, "-m", COLOUR, "--json", code=code).json)
+        document = self.json(*arguments, "-m", COLOUR, code=code)
         del self.environment["LD_PRELOAD"]
         shown = self.run_kovctl("show", "-m", COLOUR, "--json").json
         self.assertIsNone(shown["pendingRestore"])

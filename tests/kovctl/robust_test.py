@@ -80,8 +80,8 @@ class OtherVoices(KovctlTest):
                              1)):
             self.faults({"call": "Monitor.getColorType", "serial": "21500012", "nth": 0, **fault})
             result = self.run_kovctl("list", "--json", code=code)
-            self.assertEqual([monitor["number"] for monitor in schemas.check(result.json)["monitors"]],
-                             [1, 3, 4])
+            monitors = schemas.check(result.json)["monitors"]
+            self.assertEqual([monitor["number"] for monitor in monitors], [1, 3, 4])
             self.assertIn("warning: OR-M215:21500012 does not answer: ", result.err)
             self.assertEqual(self.run_kovctl("list", code=code).out.count("\n"), 4)
 

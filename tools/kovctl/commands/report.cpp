@@ -77,7 +77,9 @@ void addReportCommand(CLI::App& program, Context& context) {
       program.add_subcommand("report", "Draw the report of a run again from its record");
   const auto options = std::make_shared<ReportOptions>();
   command->add_option("FILE", options->record, "Record (JSON) of a run")->required();
-  command->add_option("-o,--output", options->output, "The report (FILE with .html, unless that is there)")
+  command
+      ->add_option("-o,--output", options->output,
+                   "The report (FILE with .html, unless that is there)")
       ->type_name("FILE");
   command->add_option("--limits", options->limits, "Judge by this profile instead of the record's")
       ->type_name("NAME");

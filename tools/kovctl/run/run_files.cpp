@@ -66,7 +66,8 @@ void writeOne(Context& context, FilesWritten& files, const std::string& path,
 void tryFile(const std::string& path) {
   std::error_code none;
   if (sys::isFolder(path)) refuse(path, ": it is a folder");
-  if (sys::exists(path) && !std::filesystem::is_regular_file(sys::pathOf(path), none)) return;  // a device
+  const bool isFile = std::filesystem::is_regular_file(sys::pathOf(path), none);
+  if (sys::exists(path) && !isFile) return;  // a device
   const std::string beside = path + ".try";
   try {
     sys::writeWhole(beside, "");
