@@ -4,7 +4,6 @@
 #include <cstdlib>
 
 #include "cli/program.h"
-#include "failure.h"
 #include "monitors/java_start.h"
 #include "system/interrupts.h"
 
@@ -12,8 +11,6 @@ namespace kovctl {
 namespace {
 
 constexpr std::chrono::milliseconds kSlice{50};
-
-Failure canceled() { return Failure(ExitCode::kCanceled, "canceled before anything was changed"); }
 
 }  // namespace
 
@@ -26,7 +23,7 @@ EarlyInterrupt::EarlyInterrupt(Context& hostContext) : context(hostContext) {
     while (!over) {
       if (!sys::waitForInterrupt(0, kSlice)) continue;
       // Without unwinding: the other thread is somewhere inside Java.
-      std::_Exit(static_cast<int>(reportFailure(context, canceled())));
+      std::_Exit(static_cast<int>(reportFailure(context, canceledUnchanged())));
     }
   });
 }
@@ -36,8 +33,12 @@ EarlyInterrupt::~EarlyInterrupt() {
   thread.join();
 }
 
+Failure canceledUnchanged() {
+  return Failure(ExitCode::kCanceled, "canceled before anything was changed");
+}
+
 void throwIfInterrupted() {
-  if (sys::interruptCount() > 0) throw canceled();
+  if (sys::interruptCount() > 0) throw canceledUnchanged();
 }
 
 }  // namespace kovctl

@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "cli/context.h"
+#include "failure.h"
 
 namespace kovctl {
 
@@ -26,6 +27,8 @@ class EarlyInterrupt {
   std::thread thread;
 };
 
+/// What an interrupt amounts to as long as nothing has been changed.
+Failure canceledUnchanged();
 /// For later, when nothing has been changed either. @throws Failure(kCanceled)
 void throwIfInterrupted();
 

@@ -3,6 +3,7 @@
 #include <span>
 #include <sstream>
 
+#include "cli/early_interrupt.h"
 #include "cli/program.h"
 #include "failure.h"
 #include "monitors/java_start.h"
@@ -33,8 +34,7 @@ ExitCode runCommand(Context& context) try {
   // An interrupt ends the wait for an instrument; once a monitor is changed, runs see to it
   // themselves.
   if (failure.code == ExitCode::kInstrument && sys::interruptCount() > 0) {
-    return reportFailure(context,
-                         Failure(ExitCode::kCanceled, "canceled before anything was changed"));
+    return reportFailure(context, canceledUnchanged());
   }
   return reportFailure(context, failure);
 }
