@@ -72,7 +72,8 @@ void tryFile(const std::string& path) {
   try {
     sys::writeWhole(beside, "");
   } catch (const std::runtime_error& reason) {
-    refuse(path, std::string(reason.what()).substr(beside.size()));
+    const std::string text = reason.what();
+    refuse(path, text.rfind(beside, 0) == 0 ? text.substr(beside.size()) : ": " + text);
   }
   sys::removeFile(beside);
 }
