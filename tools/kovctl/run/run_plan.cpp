@@ -98,7 +98,7 @@ Json sayPatches(Console& console, const std::vector<PlannedPatches>& plan, int& 
                        {"colorOnly", part.isColorOnly}});
     total += part.count;
   }
-  table.add({std::to_string(total), "in all, at least", ""});
+  table.add({std::to_string(total), "in all, on a color monitor, at least", ""});
   console.print(table.text());
   return patches;
 }
