@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <string_view>
 
 namespace reliability {
 namespace {
@@ -38,8 +39,11 @@ int noteModule(dl_phdr_info* info, std::size_t, void*) {
     if (begin < range.begin) range.begin = begin;
     if (begin + part.p_memsz > range.end) range.end = begin + part.p_memsz;
   }
-  if (std::strstr(info->dlpi_name, "libl5kov") != nullptr) modules.library = range;
-  if (std::strstr(info->dlpi_name, "libjvm") != nullptr) modules.runtime = range;
+  // By the file's name alone: the folders above it may be called anything.
+  const char* const slash = std::strrchr(info->dlpi_name, '/');
+  const std::string_view name = slash != nullptr ? slash + 1 : info->dlpi_name;
+  if (name.starts_with("libl5kov")) modules.library = range;
+  if (name.starts_with("libjvm")) modules.runtime = range;
   if (*info->dlpi_name == '\0') modules.program = range;
   return 0;
 }
