@@ -3,10 +3,10 @@
 # stand-ins. On Linux, point L5KOV_COMMON_APPDATA at ROOT.
 #
 #   cmake -DROOT=... -DJAVA_HOME=... -DSIMULATOR_DIR=... [-DFAULTS=...] [-DWINDOWS=ON]
-#         -P layout.cmake
+#         [-DLINK=ON] -P layout.cmake
 #
 # ROOT           the folder to fill; what lies there already is replaced file by file
-# JAVA_HOME      the Java runtime: linked to, or with WINDOWS copied
+# JAVA_HOME      the Java runtime: linked to, or with WINDOWS and without LINK copied
 # SIMULATOR_DIR  where the build has put the jars and libraries
 # FAULTS         a file to lay beside the jars as faults.properties
 # WINDOWS        lay out for Windows (bin/server/jvm.dll), also from another system
@@ -34,7 +34,7 @@ set(plugins ${ROOT}/ORVA/Lumora5/plugins)
 set(jre ${plugins}/com.orva.lumora.jre)
 file(MAKE_DIRECTORY ${jre})
 file(REMOVE_RECURSE ${jre}/jre)
-if(WINDOWS)
+if(WINDOWS AND NOT LINK)
   file(COPY ${JAVA_HOME}/ DESTINATION ${jre}/jre)
 else()
   file(CREATE_LINK ${JAVA_HOME} ${jre}/jre SYMBOLIC)

@@ -6,7 +6,7 @@ import time
 import schemas
 import side_by_side
 from asked import Asked
-from harness import COLOUR, NO_HISTORY, is_patch
+from harness import COLOUR, NO_HISTORY, is_patch, not_under_wine
 
 SENDING = {"class": "java.io.IOException", "message": "port 3: Error sending data (timeout)"}
 
@@ -116,6 +116,7 @@ class ExitCodes(Asked):
         # What was measured is not lost.
         self.assertEqual(len(document["record"]["patches"]), 19)
 
+    @not_under_wine("ArgyllCMS is a program of Linux here")
     def test_7_instrument(self):
         document = self.error("verify", "-m", COLOUR, "--instrument", "icc:/none.icc", code=7)
         self.assertIn("icclu", document["message"])
@@ -142,6 +143,7 @@ class ExitCodes(Asked):
         self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--report-dir", folder)
         self.assertEqual(sorted(path.suffix for path in folder.iterdir()), [".html", ".json"])
 
+    @not_under_wine("its starter there keeps the output in a file until kovctl ends")
     def test_8_lost_standard_output(self):
         with open("/dev/full", "wb") as full:
             result = self.run_kovctl("list", stdout=full, code=8)
@@ -156,6 +158,7 @@ class ExitCodes(Asked):
         self.assertTrue(document["record"]["result"]["canceled"])
         return document, result
 
+    @not_under_wine("signals do not reach it there, only a console's Ctrl-C")
     def test_130_canceled_and_restored(self):
         self.slow_patches()
         document, result = self.canceled(signal.SIGINT, 130)
@@ -170,6 +173,7 @@ class ExitCodes(Asked):
         self.assertEqual(self.active_lut(), 0)
         self.assertEqual(len(self.run_kovctl("history", "-m", COLOUR, "--json").json["entries"]), 5)
 
+    @not_under_wine("signals do not reach it there, only a console's Ctrl-C")
     def test_130_before_anything_was_changed(self):
         """In the search, which blocks inside Java, and at the question."""
         self.settings(search__ms="60000")
@@ -186,6 +190,7 @@ class ExitCodes(Asked):
             self.assertEqual(schemas.check(result.json)["message"],
                              "canceled before anything was changed")
 
+    @not_under_wine("signals do not reach it there, only a console's Ctrl-C")
     def test_131_restore_failed(self):
         self.slow_patches()
         self.faults({"call": "LookUpTable.activate", "nth": 0, **SENDING})

@@ -2,7 +2,7 @@
 """Runs kovctl in an application-data folder of its own.
 
 The environment names the build: KOVCTL, KOVCTL_SOURCE, KOVCTL_SIMULATOR_DIR, KOVCTL_JAVA_HOME,
-KOVCTL_CMAKE, KOVCTL_HAS_SDL.
+KOVCTL_CMAKE, KOVCTL_HAS_SDL; KOVCTL_WINDOWS where kovctl is a program for Windows, under Wine.
 """
 import json
 import os
@@ -19,6 +19,7 @@ SIMULATOR = os.environ["KOVCTL_SIMULATOR_DIR"]
 JAVA_HOME = os.environ["KOVCTL_JAVA_HOME"]
 CMAKE = os.environ["KOVCTL_CMAKE"]
 KOVCTL_HAS_SDL = os.environ.get("KOVCTL_HAS_SDL") == "TRUE"
+WINDOWS = os.environ.get("KOVCTL_WINDOWS") == "TRUE"
 SCHEMAS = SOURCE / "tools/kovctl/schema"
 LIMIT = 300  # s: no run of kovctl may take longer
 
@@ -71,7 +72,7 @@ class KovctlTest(unittest.TestCase):
     def lay_out(self):
         subprocess.run(
             [CMAKE, f"-DROOT={self.root}", f"-DJAVA_HOME={JAVA_HOME}",
-             f"-DSIMULATOR_DIR={SIMULATOR}", "-P", str(SOURCE / "simulator/layout.cmake")],
+             f"-DSIMULATOR_DIR={SIMULATOR}", f"-DWINDOWS={WINDOWS}", "-DLINK=ON", "-P", str(SOURCE / "simulator/layout.cmake")],
             check=True)
 
     @property
@@ -157,6 +158,10 @@ class KovctlTest(unittest.TestCase):
         result = self.finish(process)
         result.out = seen.decode() + result.out
         return result
+
+
+def not_under_wine(why):
+    return unittest.skipIf(WINDOWS, why)
 
 
 def is_patch(count):

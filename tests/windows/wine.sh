@@ -5,7 +5,8 @@
 # The prefix (L5KOV_WINEPREFIX, default build/wine-prefix) is made on first use. In it the shell takes
 # the common application-data folder from the variable L5KOV_COMMON_APPDATA, so that a test is told
 # its folder as on other systems, and tests can run side by side; default C:\ProgramData. This is a
-# setting of the prefix: the library asks the shell and knows no variable. Drive Y: is a test's own.
+# setting of the prefix: the library asks the shell and knows no variable. XDG_STATE_HOME likewise
+# is the user's folder. Drive Y: is a test's own.
 #
 # DLLs are found in the folders of PATH and LD_LIBRARY_PATH that hold some, then where the build tree
 # has those that the program was linked with (dll_folders.cmake).
@@ -16,7 +17,7 @@ export WINEDEBUG=${WINEDEBUG:--all}
 # No .NET, no web engine: without this Wine offers to install them.
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 wine=$(PATH=/usr/lib/wine:$PATH command -v wine64)
-key='HKLM\Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders'
+folders='Software\Microsoft\Windows\CurrentVersion\Explorer\User Shell Folders'
 
 windows_path() {
   case $1 in
@@ -25,12 +26,15 @@ windows_path() {
   esac
 }
 
-ready=$WINEPREFIX/ready-with-y
+tell_folder() { "$wine" reg add "$1\\$folders" /v "$2" /t REG_EXPAND_SZ /d "$3" /f; }
+
+ready=$WINEPREFIX/ready-3
 make_prefix() {
   mkdir -p "$WINEPREFIX"
   touch "$WINEPREFIX/of-l5kov-tests"
   "$wine" wineboot -i
-  "$wine" reg add "$key" /v 'Common AppData' /t REG_EXPAND_SZ /d '%L5KOV_COMMON_APPDATA%' /f
+  tell_folder HKLM 'Common AppData' '%L5KOV_COMMON_APPDATA%'
+  tell_folder HKCU 'Local AppData' '%L5KOV_LOCAL_APPDATA%'
   mkdir -p "$WINEPREFIX/drive_y"
   ln -sfn ../drive_y "$WINEPREFIX/dosdevices/y:"
   touch "$ready"
@@ -56,7 +60,9 @@ fi
 export WINEPATH=$dll_folders${WINEPATH:-}
 
 L5KOV_COMMON_APPDATA=$(windows_path "${L5KOV_COMMON_APPDATA:-C:\\ProgramData}")
-export L5KOV_COMMON_APPDATA
+L5KOV_LOCAL_APPDATA=$(windows_path "${XDG_STATE_HOME:-C:\\users\\Public}")
+export L5KOV_COMMON_APPDATA L5KOV_LOCAL_APPDATA
+[ -z "${XDG_STATE_HOME:-}" ] || mkdir -p "$XDG_STATE_HOME"
 
 # Through files: the first program of a prefix starts Wine's services, which would hold a pipe open
 # long after the program's end.

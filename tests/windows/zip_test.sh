@@ -2,10 +2,11 @@
 # SPDX-License-Identifier: MIT
 # The ZIP for Windows users: what is in it, that one command calibrates a simulated monitor in an
 # empty Wine prefix, and that it serves a foreign project.
-#   zip_test.sh BUILD JAVA WORK     (JAVA: a Windows Java runtime)
+#   zip_test.sh BUILD WORK JAVA...     (Windows Java runtimes; all commands run with each)
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
-build=$1 java=$2 work=$3
+build=$1 work=$2
+shift 2
 
 fail() {
   echo "$1" >&2
@@ -49,23 +50,31 @@ simulate() {  # log, expected exit code, arguments
   [ "$status" = "$expected" ] || { cat "$log" >&2; fail "simulate.cmd $* ended with $status"; }
 }
 
-# One command, and then others.
 simulate nojava 1
 expect "JAVA_HOME does not name a Java runtime" "$work/nojava.log"
-cp -r "$java" "$c/java"
-simulate calibrate 0
-expect "Calibrating OR-C321:30210045" "$work/calibrate.log"
-expect "This run was simulated." "$work/calibrate.log"
-find "$c/users" -name l5kov-report.html -size +10k | grep -q . || fail "there is no report"
+
+# One command, and then others.
+for java in "$@"; do
+  version=$(basename "$java")
+  rm -rf "$c/java" "$c/ProgramData/ORVA"
+  cp -r "$java" "$c/java"
+  simulate "$version-calibrate" 0
+  expect "Calibrating OR-C321:30210045" "$work/$version-calibrate.log"
+  expect "This run was simulated." "$work/$version-calibrate.log"
+  report=$(find "$c/users" -name l5kov-report.html -size +10k)
+  [ -n "$report" ] || fail "there is no report"
+  rm "$report"
+  simulate "$version-list" 0 list
+  expect "OR-C190" "$work/$version-list.log"
+  simulate "$version-doctor" 0 doctor
+  expect "checks, 0 failed" "$work/$version-doctor.log"
+done
+
 # An argument beyond the ANSI code page arrives as it is.
 mkdir "$c/Prüfung デ"
 LC_ALL=C.UTF-8 simulate accented 0 calibrate -m OR-C321 --ambient 0.1 \
   --report 'C:\Prüfung デ\ré.html'
 [ -s "$c/Prüfung デ/ré.html" ] || fail "there is no report of that name: $(ls "$c/Prüfung デ")"
-simulate list 0 list
-expect "OR-C190" "$work/list.log"
-simulate doctor 0 doctor
-expect "checks, 0 failed" "$work/doctor.log"
 
 # The maker's own installation is left alone.
 rm "$c/ProgramData/ORVA/Lumora5/simulation.txt"

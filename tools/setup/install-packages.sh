@@ -13,8 +13,8 @@ test=(libgtest-dev libgmock-dev dcmtk python3 python3-jsonschema argyll
 all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind man-db zsh fish
      clang-14 libclang-rt-14-dev gcovr)
 # What the cross-build for Windows and its tests under Wine need.
-windows=(g++-mingw-w64-x86-64-posix wine64 googletest dpkg-dev python3 python3-pip unzip zip
-         clang-14)
+windows=(g++-mingw-w64-x86-64-posix wine64 googletest dpkg-dev python3 python3-jsonschema
+         python3-pip unzip zip clang-14)
 # Wanted only where the command of that name is missing: another packaging of it may be there.
 all_commands=(npm)
 

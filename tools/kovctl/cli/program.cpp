@@ -48,6 +48,8 @@ std::unique_ptr<CLI::App> makeProgram(Context& context) {
   auto program = std::make_unique<CLI::App>(
       "Finds, calibrates and checks the monitors of this workstation.", "kovctl");
   program->formatter(std::make_shared<HelpFormatter>());
+  // The same command line on each system: "/run.json" is a file.
+  program->allow_windows_style_options(false);
   addGlobalOptions(*program, context);
   program->require_subcommand(1);
   program->fallthrough();
