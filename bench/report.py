@@ -110,9 +110,9 @@ def compare(target, rows):
 
 def own_share(rows):
     """The library's own share of a calibration: measured in the calibration itself."""
-    if "calibration/own" not in rows or "calibration/library" not in rows:
+    if "calibration_own/library" not in rows or "calibration/library" not in rows:
         return None
-    own, whole = rows["calibration/own"], rows["calibration/library"]
+    own, whole = rows["calibration_own/library"], rows["calibration/library"]
     share, low, high = ratio_and_interval(own["wall"], whole["cpu"], False)
     registering = statistics.median(own["registering"]) / statistics.median(whole["cpu"])
     return {"steps": whole.get("steps", 0), "calibration_ns": statistics.median(whole["cpu"]),
