@@ -73,8 +73,9 @@ run_part() {
       build sanitized_library l5kov l5kov_stepclock
       # Not those that look into the library's own objects or replace operator new themselves.
       find "$out/plain/bin" -maxdepth 1 -type f -executable \
-        \( -name 'java_test' -o -name 'monitor_*_test' -o -name 'calibrator_*_test' \
-        -o -name 'reliability_strangers' -o -name 'reliability_name_table' \) \
+        \( -name 'java_test' -o -name 'java_process_test' -o -name 'monitor_*_test' \
+        -o -name 'calibrator_*test' -o -name 'reliability_strangers' \
+        -o -name 'reliability_name_table' \) \
         -print0 | sort -z | xargs -0 tools/reliability/run_preloaded.py \
         "$out/sanitized_library/lib" "$(vendors plain)" ;;
     threads)
