@@ -12,6 +12,9 @@ set "import=%plugins%\com.orva.lumora.dataImport\external"
 set "monitors=%plugins%\com.orva.lumora.common.monitorcom.kov\external"
 set "profile=%product%\Data\Profile"
 
+rem A folder's name may come with the separator at its end.
+if "%JAVA_HOME:~-1%"=="\" set "JAVA_HOME=%JAVA_HOME:~0,-1%"
+
 if exist "%product%\simulation.txt" goto start
 if exist "%product%" goto foreign
 if not exist "%JAVA_HOME%\bin\server\jvm.dll" goto nojava
@@ -22,7 +25,10 @@ echo This folder was made by simulate.cmd of l5kov.>"%product%\simulation.txt"
 :start
 if exist "%jre%\bin\server\jvm.dll" goto jars
 if not exist "%JAVA_HOME%\bin\server\jvm.dll" goto nojava
-xcopy "%JAVA_HOME%" "%jre%" /e /i /q /y >nul
+rem Beside its place first: a copy that was interrupted does not count as the runtime.
+xcopy "%JAVA_HOME%" "%jre%.new" /e /i /q /y >nul
+if errorlevel 1 goto failed
+ren "%jre%.new" jre
 if errorlevel 1 goto failed
 
 :jars
@@ -33,7 +39,8 @@ copy /y "%here%simulator\dataImport.jar" "%import%" >nul
 if errorlevel 1 goto failed
 copy /y "%here%simulator\KOVLibrary.jar" "%monitors%" >nul
 if errorlevel 1 goto failed
-copy /y "%here%simulator\kovpanel.dll" "%monitors%" >nul
+rem Only where it is newer: another kovctl may have it loaded.
+xcopy "%here%simulator\kovpanel.dll" "%monitors%" /d /y >nul
 if errorlevel 1 goto failed
 copy /y "%here%simulator\simulator.properties" "%monitors%" >nul
 if errorlevel 1 goto failed

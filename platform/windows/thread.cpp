@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <windows.h>
 
+#include <atomic>
 #include <new>
 
 #include "platform/platform.h"
@@ -18,9 +19,13 @@ struct Slots {
   DWORD index[kThreadSlots];
 };
 
-// Never given back: a thread may end while the process does.
-const Slots& slots() noexcept {
+// Never given back: a thread may end while the process does. Allocated by the first set, which
+// comes after callAtThreadEnd() has pinned the module: one that goes again has taken none.
+constinit std::atomic<const Slots*> slots{nullptr};
+
+const Slots& allocateSlots() noexcept {
   static const Slots allocated;
+  slots.store(&allocated);
   return allocated;
 }
 
@@ -47,14 +52,17 @@ DWORD endIndex() noexcept {
 
 // TlsGetValue clears the thread's last error, which is the host's.
 void* threadSlot(ThreadSlot slot) noexcept {
+  const Slots* const allocated = slots.load();
+  if (allocated == nullptr) return nullptr;
   const DWORD error = ::GetLastError();
-  void* value = ::TlsGetValue(slots().index[static_cast<int>(slot)]);
+  void* value = ::TlsGetValue(allocated->index[static_cast<int>(slot)]);
   ::SetLastError(error);
   return value;
 }
 
 void setThreadSlot(ThreadSlot slot, void* value) {
-  if (!::TlsSetValue(slots().index[static_cast<int>(slot)], value)) throw std::bad_alloc();
+  const DWORD index = allocateSlots().index[static_cast<int>(slot)];
+  if (!::TlsSetValue(index, value)) throw std::bad_alloc();
 }
 
 void callAtThreadEnd(void (*function)()) {

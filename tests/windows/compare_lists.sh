@@ -2,8 +2,8 @@
 # SPDX-License-Identifier: MIT
 # Compares two builds' lists of tests, and what the second has skipped:
 #   compare_lists.sh LINUX-BUILD WINDOWS-BUILD WINDOWS-RESULTS   (what ctest --output-junit writes)
-# A test of one list only, and one that was skipped, needs a line in missing_tests.txt that says why;
-# a line that nothing needs any more is an error, too.
+# A test of one list only, and one that was skipped, needs a line in missing_tests.txt that says
+# why; a line that nothing needs any more is an error, too.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 work=$(mktemp -d)

@@ -32,8 +32,8 @@ class HeldAlone {
   HANDLE handle;
 };
 
-// A drive that nobody else uses (tests/windows/wine.sh makes it), empty at first, is the current one
-// while this lives. What lies there stays: the process uses it to its end.
+// A drive that nobody else uses (tests/windows/wine.sh makes it), empty at first, is the current
+// one while this lives. What lies there stays: the process uses it to its end.
 class SpareDrive {
  public:
   SpareDrive() : before(fs::current_path()) {

@@ -200,6 +200,22 @@ TEST(WindowsThread, EndLeavesTheLoaderFree) {
   EXPECT_FALSE(held);
 }
 
+// The next slot of the system's for a value per thread.
+DWORD freeSlot() {
+  const DWORD slot = ::TlsAlloc();
+  ::TlsFree(slot);
+  return slot;
+}
+
+// A module that has only asked takes no slot along when it goes.
+TEST(WindowsThread, SlotsAreTakenByTheFirstSet) {
+  const DWORD slot = freeSlot();
+  EXPECT_EQ(platform::threadSlot(platform::ThreadSlot::kJavaEnv), nullptr);
+  EXPECT_EQ(freeSlot(), slot);
+  platform::setThreadSlot(platform::ThreadSlot::kJavaEnv, nullptr);
+  EXPECT_NE(freeSlot(), slot);
+}
+
 TEST(WindowsThread, SlotsBelongToTheThread) {
   using platform::ThreadSlot;
   int here = 0;

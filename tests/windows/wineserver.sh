@@ -1,9 +1,9 @@
 # SPDX-License-Identifier: MIT
-# To be sourced, with root set to the source tree: the tests' own Wine prefix, and one Wine server for
-# all programs of it. To start it, and Windows' services with it, takes seconds; programs afterwards
-# start in a tenth of one.
-# Never WINEPREFIX, which a developer may have set; and a prefix that L5KOV_WINEPREFIX names has to be
-# one that these tests have made.
+# To be sourced, with root set to the source tree: the tests' own Wine prefix, and one Wine server
+# for all programs of it. To start it, and Windows' services with it, takes seconds; programs
+# afterwards start in a tenth of one.
+# Never WINEPREFIX, which a developer may have set; and a prefix that L5KOV_WINEPREFIX names has to
+# be one that these tests have made.
 export WINEPREFIX=${L5KOV_WINEPREFIX:-$root/build/wine-prefix}
 if [ -n "${L5KOV_WINEPREFIX:-}" ] && [ -e "$WINEPREFIX/drive_c" ] &&
   [ ! -e "$WINEPREFIX/of-l5kov-tests" ]; then

@@ -22,7 +22,7 @@ mkdir -p "$work/prefix" "$work/unpacked"
 root=$(cd "$here/../.." && pwd)
 L5KOV_WINEPREFIX=$work/prefix
 . "$here/wineserver.sh"
-export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= JAVA_HOME='C:\java'
+export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= JAVA_HOME='C:\java\'
 unset L5KOV_COMMON_APPDATA
 start_wineserver
 trap stop_wineserver EXIT
@@ -86,6 +86,9 @@ cmake -S "$here/../package/consumer" -B "$work/consumer" -G Ninja -DCMAKE_BUILD_
   -DCMAKE_SYSTEM_NAME=Windows -DCMAKE_CXX_COMPILER=x86_64-w64-mingw32-g++-posix \
   -DCMAKE_EXE_LINKER_FLAGS=-static -DCMAKE_PREFIX_PATH="$c/l5kov" >"$work/consumer.log" 2>&1 ||
   fail "$(cat "$work/consumer.log")"
+cmake -S "$here/../package/consumer" -B "$work/msvc" -G Ninja -DMSVC=ON \
+  -DCMAKE_PREFIX_PATH="$c/l5kov" >"$work/msvc.log" 2>&1 && fail "it serves MSVC"
+expect "built by mingw-w64 and does not serve MSVC" "$work/msvc.log"
 cmake --build "$work/consumer" >"$work/consumer.log" 2>&1 || fail "$(cat "$work/consumer.log")"
 rm -r "$c/ProgramData/ORVA"
 WINEPATH='C:\l5kov\bin;C:\l5kov\simulator' "$wine" "$work/consumer/host.exe" \
