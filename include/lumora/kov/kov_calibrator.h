@@ -90,13 +90,16 @@ class L5KOV_API KovCalibrator {
                                const pocketjson::Value& unused1, double ambientLight, bool unused2);
 
   /// Calibrates; returns when the calibration is over. The delegate is called on this thread.
+  /// OM_OK is no proof of a new calibration where cancel() was called: see there.
   /// @return OM_OK; OM_ERR_CANCELED no sooner than 10 s after a canceled calibration came back
   ///         (the monitor settles meanwhile); OM_ERR_JAVA; OM_ERR_COMMUNICATION
   OmError execute();
 
   /// Asks the running calibration to abort; to be called from another thread. Has no effect once
   /// the calibration has delivered its results. isCanceled() is set after the monitor has taken the
-  /// request, so a calibration that ends at that very moment may still return OM_OK from execute().
+  /// request, so a calibration that ends before that returns OM_OK from execute(), at once and
+  /// whether it was finished or given up. Finished it was when the run has called the delegate's
+  /// notifyEvent with "FinishCalibration"; given up, the monitor still needs its ten seconds.
   /// On a calibrator that has not run, it aborts and sets isCanceled() all the same.
   /// @return OM_OK, OM_ERR_JAVA or OM_ERR_COMMUNICATION
   OmError cancel();
