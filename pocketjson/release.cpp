@@ -40,15 +40,16 @@ bool hasNested(const Members& members) noexcept {
 // The steps of it, with access to the inside of a value.
 class Burial {
  public:
-  // Whether the destructors would go down more than one level.
+  // Whether the destructors could go down more than one level. Whoever else has a share of what is
+  // in it: the other shares may be in this very container.
   static bool isDeep(Value::Type kind, Value::AbstractContainer* unowned) noexcept {
     if (kind == Value::Array) {
       for (const Value& element : static_cast<Value::Container<Elements>*>(unowned)->held) {
-        if (mustWait(element)) return true;
+        if (goesDown(element)) return true;
       }
     } else if (kind == Value::Object) {
       for (const auto& [name, member] : static_cast<Value::Container<Members>*>(unowned)->held) {
-        if (mustWait(member)) return true;
+        if (goesDown(member)) return true;
       }
     }
     return false;
@@ -75,12 +76,16 @@ class Burial {
                                       : &owner.held<Elements>().front();
   }
 
-  // Whether the place owns the last share of a container that cannot be destroyed at once.
-  static bool mustWait(const Value& place) noexcept {
+  // Whether the place has a container with others in it.
+  static bool goesDown(const Value& place) noexcept {
     if (!isNested(place) || place.container() == nullptr) return false;
-    if (place.payload.container->refCount != 1) return false;
     return place.tag == Value::Object ? hasNested(place.held<Members>())
                                       : hasNested(place.held<Elements>());
+  }
+  // Whether the place owns the last share of a container that cannot be destroyed at once.
+  static bool mustWait(const Value& place) noexcept {
+    return isNested(place) && place.container() != nullptr &&
+           place.payload.container->refCount == 1 && goesDown(place);
   }
 
   static void empty(Value& place, Value& waiting) noexcept {

@@ -64,6 +64,14 @@ Value amongOthers(Value inner, int level) {
   return outer;
 }
 
+// Each level has all shares of the next one, and two of them.
+Value inPairs(Value inner, int) {
+  Value outer;
+  outer["a"] = inner;
+  outer["b"] = std::move(inner);
+  return outer;
+}
+
 Value nest(const Wrap& wrap, int levels) {
   Value value = "innermost";
   for (int level = 0; level < levels; ++level) value = wrap(std::move(value), level);
@@ -110,12 +118,12 @@ TEST_P(ValueDestruction, WhatIsSharedElsewhereStaysWhole) {
 }
 
 std::string nameOf(const testing::TestParamInfo<Value (*)(Value, int)>& info) {
-  const char* const names[] = {"InArray", "InObject", "AmongOthers"};
+  const char* const names[] = {"InArray", "InObject", "AmongOthers", "InPairs"};
   return names[info.index];
 }
 
 INSTANTIATE_TEST_SUITE_P(Nests, ValueDestruction,
-                         testing::Values(&inArray, &inObject, &amongOthers), nameOf);
+                         testing::Values(&inArray, &inObject, &amongOthers, &inPairs), nameOf);
 
 TEST(ValueDestruction, WideTreesLeaveNothingBehind) {
   const long long alive = counting::alive;
