@@ -18,7 +18,7 @@ class Completion(KovctlTest):
         for shell in ("bash", "zsh", "fish"):
             document = self.run_kovctl("completion", shell, "--json").json
             script = schemas.check(document)["script"]
-            for word in ("calibrate", "--lut" if shell != "fish" else "-l lut", "tg18-primary"):
+            for word in ("calibrate", "--lut" if shell != "fish" else "-l lut", "acr-diagnostic"):
                 self.assertIn(word, script)
             self.assertEqual(self.run_kovctl("completion", shell).out, script)
 

@@ -68,18 +68,38 @@ class ExitCodes(Asked):
         self.assertEqual(document["verdict"]["outcome"], "fail")
         self.assertEqual(document["record"]["result"]["monitorState"], "unchanged")
 
+    def test_4_where_there_is_too_little_contrast(self):
+        """As asked for, and yet nothing can be diagnosed with it."""
+        for profile in ((), ("--limits", "other")):
+            result = self.run_kovctl("calibrate", "-m", COLOUR, "--lmax", "60", "--lmin", "10",
+                                     "--points", "18", *profile, "--json", code=4)
+            document = schemas.check(result.json)
+            outcomes = {one["quantity"]: one["outcome"]
+                        for one in document["verdict"]["criteria"]}
+            self.assertEqual(outcomes["Contrast response, largest deviation"], "pass")
+            self.assertEqual(outcomes["Luminance ratio"], "fail")
+
+    def test_4_where_what_was_asked_for_is_missed(self):
+        """This panel gets no darker than about a third of a candela."""
+        document = schemas.check(self.run_kovctl(
+            "calibrate", "-m", COLOUR, "--lmin", "0.05", "--points", "18", "--json", code=4).json)
+        failed = [one["quantity"] for one in document["verdict"]["criteria"]
+                  if one["outcome"] == "fail"]
+        self.assertEqual(failed, ["Minimum luminance, deviation from target"])
+
     def test_4_where_the_gray_scale_is_not_judged(self):
         """Far off a function that no limit is about is no pass."""
         for function in ("gamma:1.0", "cie", "native"):
             document = schemas.check(self.run_kovctl(
                 "verify", "-m", COLOUR, "--function", function, "--lmax", "250", "--points", "18",
-                "--limits", "tg270-other", "--json", code=4).json)
+                "--limits", "other", "--json", code=4).json)
             if document["verdict"]["outcome"] != "fail":
                 self.assertIn("The gray scale is not judged", document["verdict"]["reason"])
         for room in ("5", "6"):
             result = self.run_kovctl("verify", "-m", COLOUR, "--points", "18", "--limits",
                                      f"din-6868-157-dental-rk{room}", code=4)
-            self.assertIn("luminance only): The gray scale is not judged", result.out)
+            self.assertIn("NO PASS (Informative, never a pass: ", result.out)
+            self.assertIn(": The gray scale is not judged", result.out)
 
     def test_4_but_not_where_nothing_is_judged(self):
         self.run_kovctl("verify", "-m", COLOUR, "--function", "dicom", "--limits", "none")

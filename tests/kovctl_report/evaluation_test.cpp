@@ -113,7 +113,7 @@ TEST(Evaluation, TheLibrarysOwnVerificationDecidesWhereNoCheckWasWanted) {
   const Verdict verdict = verdictOn(record);
   EXPECT_EQ(verdict.outcome, Outcome::kPass);
   EXPECT_EQ(verdict.reason,
-            "All 3 limits that apply are met. Measured by the library's own verification; there "
+            "All 5 limits that apply are met. Measured by the library's own verification; there "
             "was no independent check.");
 }
 

@@ -17,7 +17,7 @@ inline RunRecord exact(int step, DisplayFunction function = DisplayFunction::kDi
   record.target.lmin = 0.5;
   record.target.ambient = 0.1;
   record.target.exponent = 2.2;
-  record.limitsProfile = "tg270-diagnostic";
+  record.limitsProfile = "diagnostic";
   const auto curve = wantedCurve(record.target, std::nullopt);
   for (int level = 0; level <= 255; level += step) {
     PatchResult patch;

@@ -90,7 +90,7 @@ void describe(RunRecord& record) {
   record.target.whiteName = "K6500";
   record.target.white = Chromaticity{0.312779, 0.329183};
   record.target.levels = 52;
-  record.limitsProfile = "tg270-diagnostic";
+  record.limitsProfile = "diagnostic";
   record.versions.kovctl = "1.0.0";
   record.versions.library = "1.0.0";
   record.versions.javaRuntime = "17.0.12";
@@ -165,7 +165,7 @@ RunRecord sampleVerification() {
   RunRecord record;
   describe(record);
   record.kind = RunKind::kVerify;
-  record.limitsProfile = "tg18-primary";
+  record.limitsProfile = "diagnostic";
   Panel panel(record);
   const auto curve = wantedCurve(record.target, std::nullopt);
   for (int level = 0; level <= 255; level += 5)

@@ -86,7 +86,8 @@ void addResultOptions(CLI::App& command, RunOptions& options) {
   options.limits = std::string(kDefaultLimits);
   command
       .add_option("--limits", options.limits,
-                  "Profile of limits that decides, or none (" + options.limits + ")")
+                  "Profile of limits that decides (those of DIN only inform), or none (" +
+                      options.limits + ")")
       ->type_name("NAME")
       ->group(group);
   command.add_option("--points", options.checkPoints, "Gray levels of the check: 52, 18 or 0 (52)")

@@ -14,11 +14,12 @@ enum class Quantity {
   kAmbientRatio,      ///< room light to black
   kMaximumLuminance,  ///< the screen's own white, cd/m²
   kWhiteLevel,        ///< deviation of the white from its target, share
+  kBlackLevel,        ///< deviation of the black from its target, share
   kWhitePoint,        ///< Δu′v′ from the target
   kGrayTracking,      ///< largest Δu′v′ of the grays from the white
 };
 
-inline constexpr int kQuantities = 7;
+inline constexpr int kQuantities = 8;
 
 enum class Bound { kAtMost, kAtLeast };
 
@@ -27,14 +28,14 @@ struct Limit {
   Bound bound;
   double value;
   std::string_view source;
-  bool isOwn = false;  ///< of this program, not of the profile's standard
+  bool isOwn = false;  ///< of this program and of no standard
 };
 
 struct LimitsProfile {
   std::string_view name;   ///< for command lines and records
   std::string_view title;  ///< for people
   std::span<const Limit> limits;
-  std::string_view notJudged;  ///< what the standard limits too, without a figure to cite here
+  std::string_view notJudged;  ///< what could be limited too, without a figure to cite here
 };
 
 /// All profiles, in the order in which they are offered. Every number names where it was found.
@@ -43,7 +44,7 @@ std::span<const LimitsProfile> limitsProfiles();
 /// Null when there is none of this name.
 const LimitsProfile* findLimits(std::string_view name);
 
-inline constexpr std::string_view kDefaultLimits = "tg270-diagnostic";
+inline constexpr std::string_view kDefaultLimits = "diagnostic";
 
 }  // namespace kovctl
 

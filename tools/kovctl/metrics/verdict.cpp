@@ -24,6 +24,8 @@ std::optional<double> valueOf(Quantity quantity, const Evaluation& e) {
       return e.lmax;
     case Quantity::kWhiteLevel:
       return magnitude(e.lmaxDeviation);
+    case Quantity::kBlackLevel:
+      return magnitude(e.lminDeviation);
     case Quantity::kWhitePoint:
       return e.whiteDistance;
     case Quantity::kGrayTracking:
@@ -32,24 +34,41 @@ std::optional<double> valueOf(Quantity quantity, const Evaluation& e) {
   return std::nullopt;
 }
 
-std::string whyAbsent(Quantity quantity, const RunRecord& record) {
+// What the target leaves to the panel cannot be missed.
+bool targetAsksFor(Quantity quantity, const TargetInfo& target) {
+  switch (quantity) {
+    case Quantity::kWhiteLevel:
+      return target.lmax > 0.0;
+    case Quantity::kBlackLevel:
+      return target.lmin > 0.0 && !target.useMeasuredLmin;
+    case Quantity::kWhitePoint:
+      return target.white.has_value();
+    default:
+      return true;
+  }
+}
+
+std::string whyAbsent(Quantity quantity, const RunRecord& record, const Evaluation& evaluation) {
+  const bool asked = targetAsksFor(quantity, record.target);
   switch (quantity) {
     case Quantity::kContrastResponse:
       return record.target.function == DisplayFunction::kNative
                  ? "the native function has no target curve"
                  : "the 18 deciding levels were not all measured";
     case Quantity::kAmbientRatio:
-      return record.target.ambient ? "the black was not measured"
-                                   : "the ambient light is not known";
+      if (!record.target.ambient) return "the ambient light is not known";
+      return evaluation.lmin ? "the measured black is not above 0" : "the black was not measured";
     case Quantity::kWhiteLevel:
-      return record.target.lmax > 0.0 ? "the white was not measured"
-                                      : "the target has no maximum luminance";
+      return asked ? "the white was not measured" : "the target has no maximum luminance";
+    case Quantity::kBlackLevel:
+      return asked ? "the black was not measured" : "the target has no minimum luminance";
     case Quantity::kWhitePoint:
-      return record.target.white ? "the white's colour was not measured"
-                                 : "the target has no white point";
+      return asked ? "the white's colour was not measured" : "the target has no white point";
     case Quantity::kGrayTracking:
       return "the grays' colours were not measured";
     case Quantity::kLuminanceRatio:
+      if (evaluation.lmin && evaluation.lmax) return "the measured black is not above 0";
+      break;
     case Quantity::kMaximumLuminance:
       break;
   }
@@ -83,7 +102,7 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
   Criterion criterion;
   criterion.quantity = quantity;
   criterion.value = valueOf(quantity, evaluation);
-  if (!criterion.value) criterion.note = whyAbsent(quantity, record);
+  if (!criterion.value) criterion.note = whyAbsent(quantity, record, evaluation);
   const Limit* limit = limitOn(quantity, profile);
   if (!limit) {
     if (criterion.value && profile) criterion.note = "this profile has no limit on it";
@@ -99,16 +118,16 @@ Criterion judgeOne(Quantity quantity, const RunRecord& record, const Evaluation&
                                                      : *criterion.value >= limit->value;
   criterion.outcome = within ? Outcome::kPass : Outcome::kFail;
   if (quantity == Quantity::kContrastResponse) criterion.note = finerLevels(evaluation);
-  if (limit->isOwn) criterion.note = "a tolerance of this program, not of the standard";
+  if (limit->isOwn) criterion.note = "kovctl's own tolerance, of no standard";
   return criterion;
 }
 
 // What the profile limits and this run could not tell.
-std::string missingValues(const Verdict& verdict) {
+std::string missingValues(const RunRecord& record, const Verdict& verdict) {
   std::string text;
   for (const Criterion& criterion : verdict.criteria) {
-    // A target that leaves its white to the panel has no white to miss.
-    if (!criterion.limit || criterion.value || criterion.limit->isOwn) continue;
+    if (!criterion.limit || criterion.value) continue;
+    if (!targetAsksFor(criterion.quantity, record.target)) continue;
     text += fmt::format("{}{} ({})", text.empty() ? " Not judged: " : ", ",
                         nameOf(criterion.quantity), criterion.note);
   }
@@ -148,7 +167,7 @@ void conclude(const RunRecord& record, const Evaluation& evaluation, Verdict& ve
     verdict.outcome = Outcome::kPass;
     verdict.reason = (passed == 1 ? "The one limit that applies is met."
                                   : fmt::format("All {} limits that apply are met.", passed)) +
-                     missingValues(verdict) + addition;
+                     missingValues(record, verdict) + addition;
   }
 }
 
@@ -176,6 +195,8 @@ std::string_view nameOf(Quantity quantity) {
       return "Maximum luminance";
     case Quantity::kWhiteLevel:
       return "Maximum luminance, deviation from target";
+    case Quantity::kBlackLevel:
+      return "Minimum luminance, deviation from target";
     case Quantity::kWhitePoint:
       return "White point, Δu′v′ from target";
     case Quantity::kGrayTracking:
@@ -188,6 +209,7 @@ std::string formatValue(Quantity quantity, double value) {
   switch (quantity) {
     case Quantity::kContrastResponse:
     case Quantity::kWhiteLevel:
+    case Quantity::kBlackLevel:
       return fmt::format("{:.2f} %", value * 100.0);
     case Quantity::kLuminanceRatio:
       return fmt::format("{:.1f}", value);
@@ -207,6 +229,7 @@ std::string formatLimit(const Limit& limit) {
   switch (limit.quantity) {
     case Quantity::kContrastResponse:
     case Quantity::kWhiteLevel:
+    case Quantity::kBlackLevel:
       return fmt::format("{} {:.3g} %", sign, limit.value * 100.0);
     case Quantity::kMaximumLuminance:
       return fmt::format("{} {:.4g} cd/m²", sign, limit.value);
