@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // A measuring library that fails in ways that none should, loaded in place of the simulation's:
 // L5KOV_FAULTY_METER is the number of the measurement that throws, or 0 for a computer that gives
-// the first thread that is asked for once the instrument is open to nobody.
+// the first thread that is asked for once the instrument is open to nobody. L5KOV_FAULTY_COLOUR is
+// the x that it measures in the dark, L5KOV_FAULTY_BLACK the luminance.
 #include <dlfcn.h>
 #include <errno.h>
 #include <pthread.h>
@@ -19,6 +20,11 @@ std::atomic<bool> isOpen{false};
 pthread_t opener;
 int measurements = 0;
 double shown = 0.0;
+
+double numberOf(const char* variable, double otherwise) {
+  const char* const text = std::getenv(variable);
+  return text == nullptr ? otherwise : std::atof(text);
+}
 
 }  // namespace
 
@@ -44,6 +50,10 @@ int MDSimMeasure(void*, double* luminance, double* x, double* y) {
   *luminance = 0.3 + 300.0 * std::pow(shown, 2.2);
   *x = 0.3127;
   *y = 0.3290;
+  if (shown == 0.0) {
+    *luminance = numberOf("L5KOV_FAULTY_BLACK", *luminance);
+    *x = numberOf("L5KOV_FAULTY_COLOUR", *x);
+  }
   return 0;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "failure.h"
 #include "instrument/argyll_instrument.h"
 #include "instrument/icc_instrument.h"
@@ -24,6 +26,23 @@ TEST(Spotread, HasNoColourInTheDark) {
   ASSERT_TRUE(reading);
   EXPECT_EQ(reading->luminance, 0.0);
   EXPECT_FALSE(reading->chromaticity);
+}
+
+TEST(Spotread, HasNoColourWhereNoiseGivesOneThatLightCannotHave) {
+  for (const char* xyz : {"0.02 0.01 -0.02", "-0.01 0.02 0.03", "0.02 -0.01 0.03",
+                          "-0.02 -0.01 0.01", "0.01 0.00 -0.009999"}) {
+    const auto reading = parseSpotread(std::string("Result is XYZ: ") + xyz + ", D50 Lab: 0 0 0\n");
+    ASSERT_TRUE(reading) << xyz;
+    EXPECT_FALSE(reading->chromaticity) << xyz;
+  }
+}
+
+TEST(Colours, OfNumbersThatAreNone) {
+  const double nan = std::numeric_limits<double>::quiet_NaN();
+  EXPECT_FALSE(isColour({nan, 0.3}));
+  EXPECT_FALSE(isColour({0.3, nan}));
+  EXPECT_FALSE(colourOf({nan, 1.0, 1.0}));
+  EXPECT_TRUE(isColour({0.0, 1.0}));
 }
 
 TEST(Spotread, TakesNothingElseForAResult) {

@@ -63,6 +63,20 @@ TEST(Verdict, WithoutALimitOnTheGrayScaleNothingPasses) {
   }
 }
 
+TEST(Verdict, ABlackBelowZeroIsJudgedAsNone) {
+  RunRecord record = exact(15);
+  const auto curve = TargetCurve::of(record.target, 0.0, 250.0);
+  for (PatchResult& patch : record.patches) patch.luminance = curve->luminance(patch.r / 255.0);
+  record.target.useMeasuredLmin = true;
+  record.patches.front().luminance = -0.002;
+  const Verdict verdict = verdictOn(record);
+  EXPECT_EQ(of(verdict, Quantity::kContrastResponse).outcome, Outcome::kPass);
+  EXPECT_EQ(of(verdict, Quantity::kLuminanceRatio).outcome, Outcome::kPass);
+  EXPECT_EQ(verdict.reason,
+            "All 3 limits that apply are met. Not judged: Ambient ratio (the measured black is not "
+            "above 0).");
+}
+
 TEST(Verdict, TheContrastLimitIsForDicomOnly) {
   const Verdict verdict = verdictOn(exact(15, DisplayFunction::kExp));
   const Criterion& contrast = of(verdict, Quantity::kContrastResponse);

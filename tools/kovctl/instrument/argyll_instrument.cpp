@@ -30,12 +30,7 @@ std::optional<Reading> parseSpotread(std::string_view text) {
   std::string_view rest = text.substr(at + kResult.size());
   const auto numbers = takeThreeNumbers(rest);
   if (!numbers) return std::nullopt;
-  const auto [x, y, z] = *numbers;
-  Reading reading;
-  reading.luminance = y;
-  const double sum = x + y + z;
-  if (sum > 0.0 && x >= 0.0 && y >= 0.0) reading.chromaticity = Chromaticity{x / sum, y / sum};
-  return reading;
+  return Reading{(*numbers)[1], colourOf(*numbers)};
 }
 
 void ArgyllInstrument::open(const std::string&) {

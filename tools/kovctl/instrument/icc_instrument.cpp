@@ -86,11 +86,7 @@ Reading IccInstrument::measure() {
     const double leaking = options.iccBlack * whiteXyz[i] / whiteY;
     light[i] = backlight * (leaking + scale * (xyz[i] - black));
   }
-  Reading reading;
-  reading.luminance = light[1];
-  const double sum = light[0] + light[1] + light[2];
-  if (sum > 0.0) reading.chromaticity = Chromaticity{light[0] / sum, light[1] / sum};
-  return reading;
+  return {light[1], colourOf(light)};
 }
 
 void IccInstrument::close() {

@@ -21,6 +21,17 @@ std::optional<int> Patch::level() const {
   return red;
 }
 
+bool isColour(const Chromaticity& colour) {
+  return colour.x >= 0.0 && colour.x <= 1.0 && colour.y >= 0.0 && colour.y <= 1.0;
+}
+
+std::optional<Chromaticity> colourOf(const std::array<double, 3>& xyz) {
+  const double sum = xyz[0] + xyz[1] + xyz[2];
+  if (!(sum > 0.0)) return std::nullopt;
+  const Chromaticity colour{xyz[0] / sum, xyz[1] / sum};
+  return isColour(colour) ? std::optional<Chromaticity>(colour) : std::nullopt;
+}
+
 std::unique_ptr<Instrument> makeInstrument(const InstrumentOptions& options) {
   if (options.choice == "sim") return std::make_unique<SimInstrument>();
   if (options.choice == "argyll") return std::make_unique<ArgyllInstrument>(options);

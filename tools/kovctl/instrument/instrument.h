@@ -30,6 +30,11 @@ struct Reading {
   std::optional<Chromaticity> chromaticity;  ///< absent: the instrument measures no colour
 };
 
+/// Whether light may have it: both from 0 to 1, as records keep them.
+bool isColour(const Chromaticity& colour);
+/// The colour of tristimulus values; nothing where, as in the dark, they are no colour but noise.
+std::optional<Chromaticity> colourOf(const std::array<double, 3>& xyz);
+
 /// A measuring instrument in front of one monitor. Opened, used and closed by one thread. Every
 /// operation may throw Failure(kInstrument).
 class Instrument {

@@ -37,7 +37,9 @@ Levels meansOf(const RunRecord& record, PatchRole role) {
 
 std::vector<GrayPoint> pointsOf(const Levels& levels) {
   std::vector<GrayPoint> points;
-  for (const auto& [level, mean] : levels) points.push_back({level, mean.luminance / mean.count});
+  // A meter's noise may carry a black below zero, where there is no light and no display function.
+  for (const auto& [level, mean] : levels)
+    points.push_back({level, std::max(0.0, mean.luminance / mean.count)});
   return points;
 }
 

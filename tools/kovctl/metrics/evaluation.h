@@ -25,7 +25,8 @@ struct GrayColour {
   std::optional<double> fromWhite;  ///< Δu′v′ from the white measured; absent below the limit
 };
 
-/// What a run's measurements amount to. Whatever could not be measured is absent.
+/// What a run's measurements amount to. Whatever could not be measured is absent; a luminance below
+/// zero, which is noise, counts as 0.
 struct Evaluation {
   std::vector<GrayPoint> native;    ///< by level; only of a calibration
   std::vector<GrayPoint> measured;  ///< by level; the mean where a level was measured repeatedly

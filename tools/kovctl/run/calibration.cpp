@@ -3,6 +3,8 @@
 
 #include <fmt/format.h>
 
+#include <cmath>
+
 #include "cli/early_interrupt.h"
 #include "monitors/java_start.h"
 #include "record/patch_roles.h"
@@ -122,7 +124,8 @@ void Calibration::takeCalibrationData() try {
   const pocketjson::Value data = calibrator.getCalibrationData();
   const pocketjson::Value& lmin = data["calibrationTarget"]["lmin"];
   const pocketjson::Value& sensor = data["photoSensorAD"];
-  if (lmin.type() != pocketjson::Value::Null) record.result.lmin = lmin.asDouble();
+  if (std::isfinite(lmin.asDouble()) && lmin.type() != pocketjson::Value::Null)
+    record.result.lmin = lmin.asDouble();
   if (sensor.type() != pocketjson::Value::Null) record.result.photoSensor = sensor.asInt();
 } catch (const std::exception& reason) {
   record.warnings.push_back(std::string("The calibration data could not be read: ") +

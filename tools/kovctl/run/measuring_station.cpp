@@ -48,11 +48,13 @@ void MeasuringStation::show(const Patch& patch) {
 
 // An instrument's library may fail in any way.
 Reading MeasuringStation::measure() try {
-  const Reading reading = device->measure();
+  Reading reading = device->measure();
   if (!screen->isOpen()) throw Failure(ExitCode::kInstrument, "the patch window was closed");
   if (!std::isfinite(reading.luminance)) {
     throw Failure(ExitCode::kInstrument, "the instrument's reading is not a number");
   }
+  // A colour that light cannot have is none; the luminance may be right all the same.
+  if (reading.chromaticity && !isColour(*reading.chromaticity)) reading.chromaticity.reset();
   return reading;
 } catch (const Failure&) {
   throw;

@@ -67,12 +67,26 @@ void sayPending(Context& context, RunRecord& record, const ModeKeeper& keeper) {
   record.timeline.push_back({0.0, sentence});
 }
 
+namespace {
+
+// A number that is none, from wherever it came, must not end a run before all else is said.
+Json recordJson(const RunRecord& record, ExitCode code) try {
+  return toJson(record);
+} catch (const RunRecordError& reason) {
+  const bool isDone = code == ExitCode::kOk || code == ExitCode::kOutsideLimits;
+  throw Failure(isDone ? ExitCode::kOutput : code,
+                std::string("what was measured cannot be written: ") + reason.what());
+}
+
+}  // namespace
+
 ExitCode endRun(Context& context, RunRecord& record, const RunOptions& options, ExitCode code) {
   record.endTime = utcNow();
   warnOfNote(record);
   const Verdict verdict = judge(record, evaluate(record));
   ExitCode final = judgedCode(code, record, verdict);
   sayResult(context, record, verdict);
+  const Json recorded = recordJson(record, final);
   const FilesWritten files = writeRunFiles(context, record, options);
   if (!files.allWritten && final == ExitCode::kOk) final = ExitCode::kOutput;
   Json document = documentOf("run");
@@ -80,7 +94,7 @@ ExitCode endRun(Context& context, RunRecord& record, const RunOptions& options, 
   document["exitName"] = nameOf(final);
   document["verdict"] = verdictJson(verdict);
   document["files"] = files.paths;
-  document["record"] = toJson(record);
+  document["record"] = recorded;
   context.out().document(document);
   return final;
 }
