@@ -5,6 +5,7 @@ import subprocess
 
 import schemas
 import side_by_side
+from asked import Asked
 from harness import COLOUR, KOVCTL, KovctlTest
 
 
@@ -84,6 +85,66 @@ class OtherVoices(KovctlTest):
             self.assertEqual([monitor["number"] for monitor in monitors], [1, 3, 4])
             self.assertIn("warning: OR-M215:21500012 does not answer: ", result.err)
             self.assertEqual(self.run_kovctl("list", code=code).out.count("\n"), 4)
+
+
+class Files(Asked):
+    def test_a_report_does_not_replace_its_record(self):
+        record = self.folder / "run.json"
+        self.run_kovctl("verify", "-m", COLOUR, "--points", "18", "--limits", "none", "--record",
+                        record)
+        whole = record.read_bytes()
+        os.link(record, self.folder / "hard.html")
+        (self.folder / "soft.html").symlink_to("run.json")
+        for name in ("run.json", "hard.html", "soft.html", "./../" + self.folder.name + "/run.json"):
+            document = self.error("report", record, "-o", f"{self.folder}/{name}", code=2)
+            self.assertIn("is the record itself", document["message"])
+            self.assertEqual(record.read_bytes(), whole)
+
+    def test_one_file_does_not_serve_for_two(self):
+        target = self.folder / "target.json"
+        target.write_text('{"LmaxValue": 200}')
+        new = self.folder / "new.x"
+        other = f"{self.folder}/../{self.folder.name}/new.x"
+        for options in (("--report", new, "--record", other),
+                        ("--report", target, "--record", target),
+                        ("--target", target, "--record", target),
+                        ("--target", target, "--report", target)):
+            for command in ("calibrate", "verify"):
+                document = self.error(command, "-m", COLOUR, *options, code=2)
+                self.assertIn("are the same file", document["message"])
+        self.assertFalse(new.exists())
+        self.assertEqual(target.read_text(), '{"LmaxValue": 200}')
+        self.run_kovctl("verify", "-m", COLOUR, "--points", "18", "--limits", "none",
+                        "--report", "/dev/null", "--record", "/dev/null")
+
+    def test_trying_touches_no_other_file(self):
+        kept = self.folder / "keep.html.try"
+        kept.write_text("mine")
+        before = set(self.folder.iterdir())
+        report = self.folder / "keep.html"
+        self.run_kovctl("verify", "-m", COLOUR, "--points", "18", "--limits", "none",
+                        "--report", report)
+        self.assertEqual(kept.read_text(), "mine")
+        self.assertEqual(set(self.folder.iterdir()) - before - {self.folder / "state"}, {report})
+
+    def test_pipes_among_the_earlier_records_are_not_waited_for(self):
+        folder = self.folder / "reports"
+        folder.mkdir()
+        os.mkfifo(folder / "earlier.json")
+        self.run_kovctl("verify", "-m", COLOUR, "--points", "18", "--limits", "none",
+                        "--report-dir", folder)
+        (record,) = [path for path in folder.glob("*.json") if path.is_file()]
+        self.run_kovctl("report", record, "-o", self.folder / "again.html", "--earlier", folder)
+
+    def test_earlier_records_come_from_a_folder(self):
+        record = self.folder / "run.json"
+        self.run_kovctl("verify", "-m", COLOUR, "--points", "18", "--limits", "none", "--record",
+                        record)
+        for wrong in (self.folder / "none", record):
+            document = self.error("report", record, "-o", self.folder / "r.html", "--earlier",
+                                  wrong, code=2)
+            self.assertIn("is no folder", document["message"])
+        self.assertFalse((self.folder / "r.html").exists())
 
 
 class SizeLimit(KovctlTest):

@@ -47,10 +47,17 @@ ExitCode drawReport(Context& context, const ReportOptions& options) {
     record.limitsProfile = options.limits == "none" ? "" : options.limits;
   }
   const std::string path = options.output.empty() ? besides(options.record) : options.output;
+  if (isSameFile(path, options.record)) {
+    throw Failure(ExitCode::kUsage, path + " is the record itself, which a report must not replace",
+                  {"-o and another name leaves it."});
+  }
   // It may be the report as it was signed; who wants another in its place says so.
   if (options.output.empty() && sys::exists(path)) {
     throw Failure(ExitCode::kUsage, path + " is there already",
                   {"-o " + path + " overwrites it; another name leaves it."});
+  }
+  if (!options.earlier.empty() && !sys::isFolder(options.earlier)) {
+    throw Failure(ExitCode::kUsage, "--earlier " + options.earlier + " is no folder");
   }
   const auto earlier =
       options.earlier.empty() ? std::vector<HistoryPoint>{} : earlierRuns(options.earlier, record);

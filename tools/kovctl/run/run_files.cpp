@@ -68,19 +68,44 @@ void tryFile(const std::string& path) {
   if (sys::isFolder(path)) refuse(path, ": it is a folder");
   const bool isFile = std::filesystem::is_regular_file(sys::pathOf(path), none);
   if (sys::exists(path) && !isFile) return;  // a device
-  const std::string beside = path + ".try";
   try {
-    sys::writeWhole(beside, "");
+    sys::tryWriting(path);
   } catch (const std::runtime_error& reason) {
     const std::string text = reason.what();
-    refuse(path, text.rfind(beside, 0) == 0 ? text.substr(beside.size()) : ": " + text);
+    refuse(path, text.rfind(path, 0) == 0 ? text.substr(path.size()) : ": " + text);
   }
-  sys::removeFile(beside);
+}
+
+// Its own and each other's: none may take the place of another.
+void checkNames(const RunOptions& options) {
+  const std::pair<const char*, const std::string*> files[] = {{"--report", &options.report},
+                                                             {"--record", &options.record},
+                                                             {"--target", &options.target.file}};
+  for (const auto& [oneOption, one] : files) {
+    for (const auto& [otherOption, other] : files) {
+      if (one >= other || one->empty() || other->empty() || !isSameFile(*one, *other)) continue;
+      throw Failure(ExitCode::kUsage, std::string(oneOption) + " and " + otherOption +
+                                          " are the same file: " + *one);
+    }
+  }
 }
 
 }  // namespace
 
+bool isSameFile(const std::string& one, const std::string& other) {
+  std::error_code none;
+  const auto first = std::filesystem::absolute(sys::pathOf(one), none);
+  const auto second = std::filesystem::absolute(sys::pathOf(other), none);
+  // Devices may be named as often as one likes.
+  const bool isThere = std::filesystem::exists(first, none);
+  if (isThere && !std::filesystem::is_regular_file(first, none)) return false;
+  if (isThere) return std::filesystem::equivalent(first, second, none);
+  return std::filesystem::weakly_canonical(first, none) ==
+         std::filesystem::weakly_canonical(second, none);
+}
+
 void checkRunFiles(const RunOptions& options) {
+  checkNames(options);
   for (const std::string& path : {options.report, options.record}) {
     if (!path.empty()) tryFile(path);
   }
@@ -97,7 +122,9 @@ std::vector<HistoryPoint> earlierRuns(const std::string& folder, const RunRecord
   std::vector<HistoryPoint> points;
   std::error_code unreadable;
   for (const auto& entry : std::filesystem::directory_iterator(sys::pathOf(folder), unreadable)) {
-    if (entry.path().extension() != ".json") continue;
+    std::error_code none;
+    // Nothing that could be waited for without end, such as a pipe.
+    if (entry.path().extension() != ".json" || !entry.is_regular_file(none)) continue;
     const auto text = sys::readWhole(sys::textOf(entry.path()));
     if (!text) continue;
     try {
@@ -115,13 +142,11 @@ std::vector<HistoryPoint> earlierRuns(const std::string& folder, const RunRecord
 
 FilesWritten writeRunFiles(Context& context, const RunRecord& record, const RunOptions& options) {
   FilesWritten files;
-  std::vector<HistoryPoint> earlier;
   std::vector<std::string> reports;
   std::vector<std::string> records;
   if (!options.report.empty()) reports.push_back(options.report);
   if (!options.record.empty()) records.push_back(options.record);
   if (!options.reportFolder.empty()) {
-    earlier = earlierRuns(options.reportFolder, record);
     const std::string base = options.reportFolder + "/" + baseName(record);
     reports.push_back(base + ".html");
     records.push_back(base + ".json");
@@ -132,6 +157,9 @@ FilesWritten writeRunFiles(Context& context, const RunRecord& record, const RunO
     for (const std::string& path : records) writeOne(context, files, path, text);
   }
   if (!reports.empty()) {
+    const auto earlier = options.reportFolder.empty()
+                             ? std::vector<HistoryPoint>{}
+                             : earlierRuns(options.reportFolder, record);
     const std::string html = renderReport(record, earlier);
     for (const std::string& path : reports) writeOne(context, files, path, html);
   }

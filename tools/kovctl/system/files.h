@@ -13,6 +13,10 @@ namespace kovctl::sys {
 /// @throws std::runtime_error with the path and the system's reason
 void writeWhole(const std::string& path, std::string_view content);
 
+/// Whether a new file can be made where this one is to be, without touching any that is there.
+/// @throws std::runtime_error as writeWhole()
+void tryWriting(const std::string& path);
+
 /// Nothing when the file is missing or cannot be read.
 std::optional<std::string> readWhole(const std::string& path);
 

@@ -104,6 +104,14 @@ void writeWhole(const std::string& path, std::string_view content) {
   }
 }
 
+void tryWriting(const std::string& path) {
+  std::string beside = withoutLinks(path) + ".XXXXXX";
+  const int file = ::mkostemp(beside.data(), O_CLOEXEC);
+  if (file < 0) fail(path);
+  ::close(file);
+  ::unlink(beside.c_str());
+}
+
 std::optional<std::string> readWhole(const std::string& path) {
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0) return std::nullopt;

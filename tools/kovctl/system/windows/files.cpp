@@ -81,6 +81,19 @@ void writeWhole(const std::string& path, std::string_view content) {
   fail(path, error);
 }
 
+void tryWriting(const std::string& path) {
+  for (int i = 0;; ++i) {
+    const std::wstring beside = wide(path) + L"." + std::to_wstring(::GetCurrentProcessId()) +
+                                L"-" + std::to_wstring(i);
+    const HANDLE file = ::CreateFileW(beside.c_str(), GENERIC_WRITE | DELETE, 0, nullptr,
+                                      CREATE_NEW, FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    if (file == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_FILE_EXISTS) continue;
+    if (file == INVALID_HANDLE_VALUE) fail(path, ::GetLastError());
+    ::CloseHandle(file);
+    return;
+  }
+}
+
 std::optional<std::string> readWhole(const std::string& path) {
   const HANDLE file = ::CreateFileW(wide(path).c_str(), GENERIC_READ,
                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
