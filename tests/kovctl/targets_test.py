@@ -67,6 +67,37 @@ class Targets(Asked):
                         "--limits", "none")
         self.assertEqual(own["record"]["target"]["lmax"], 0.0)
 
+    def test_verify_after_functions_without_a_curve_of_their_own(self):
+        """The monitor does not keep the curve: no other takes its place without a word."""
+        curve = self.folder / "curve.json"
+        curve.write_text(json.dumps({"DisplayFunctionType": "USER_DEFINE", "LmaxValue": 250,
+                                     "curve": [i * i for i in range(11)]}))
+        for lut, options, function, reason in (
+                ("1", ("--target", curve), "USER_DEFINE", "the user-defined curve is not known"),
+                ("2", ("--function", "native"), "NATIVE", "the native function has no target")):
+            self.run_kovctl("calibrate", "-m", COLOUR, "--lut", lut, *options, "--points", "0",
+                            "--limits", "none")
+            shown = self.run_kovctl("show", "-m", COLOUR).out
+            self.assertIn(function.lower()[:4] + ("-" if function[0] == "U" else ""), shown)
+            self.assertNotIn("nothing that the monitor remembers", shown)
+            run = self.json("verify", "-q", "-m", COLOUR, "--points", "18", "--limits", "other",
+                            "--record", self.folder / "run.json", code=4)
+            self.assertEqual(run["record"]["target"]["function"], function)
+            self.assertEqual(run["verdict"]["criteria"][0]["outcome"], "not-applicable")
+            self.assertIn(reason, run["verdict"]["criteria"][0]["note"])
+            self.assertEqual(any("user-defined curve" in one for one in run["record"]["warnings"]),
+                             function == "USER_DEFINE")
+            self.json("report", self.folder / "run.json", "-o", self.folder / "run.html", code=4)
+        with_curve = self.json("verify", "-m", COLOUR, "--lut", "1", "--target", curve, "--points",
+                               "18", "--limits", "none")
+        self.assertIn("value", with_curve["verdict"]["criteria"][0])
+
+    def test_an_assumed_target_is_in_the_record(self):
+        run = self.json("verify", "-q", "-m", COLOUR, "--lut", "4", "--points", "18", "--limits",
+                        "none")
+        (warning,) = run["record"]["warnings"]
+        self.assertIn("The monitor keeps no target for this table", warning)
+
     def test_a_maximum_of_0_is_the_panels_own(self):
         target = self.folder / "target.json"
         target.write_text(json.dumps({"LmaxValue": 0}))

@@ -52,9 +52,11 @@ std::string whyAbsent(Quantity quantity, const RunRecord& record, const Evaluati
   const bool asked = targetAsksFor(quantity, record.target);
   switch (quantity) {
     case Quantity::kContrastResponse:
-      return record.target.function == DisplayFunction::kNative
-                 ? "the native function has no target curve"
-                 : "the 18 deciding levels were not all measured";
+      if (record.target.function == DisplayFunction::kNative)
+        return "the native function has no target curve";
+      if (record.target.function == DisplayFunction::kUserDefine && record.target.userCurve.empty())
+        return "the user-defined curve is not known";
+      return "the 18 deciding levels were not all measured";
     case Quantity::kAmbientRatio:
       if (!record.target.ambient) return "the ambient light is not known";
       return evaluation.lmin ? "the measured black is not above 0" : "the black was not measured";

@@ -95,7 +95,9 @@ std::string functionText(const TargetInfo& target) {
     case DisplayFunction::kNative:
       return "Native (no correction)";
     case DisplayFunction::kUserDefine:
-      return fmt::format("User-defined, {} points", target.userCurve.size());
+      return target.userCurve.empty()
+                 ? std::string("User-defined, curve not known")
+                 : fmt::format("User-defined, {} points", target.userCurve.size());
   }
   return {};
 }

@@ -30,20 +30,29 @@ ExitCode putBack(RunRecord& record, ModeKeeper& keeper, bool switched, ExitCode 
   return back.restored ? code : ExitCode::kRestoreFailed;
 }
 
+struct VerifiedTarget {
+  TargetRequest request;
+  std::string warning;  ///< what the monitor does not tell about it; empty: nothing is missing
+};
+
 // What the command line says, over what the table was calibrated for.
-TargetRequest targetToVerify(Context& context, const TargetFlags& flags,
-                             const lumora::Monitor& monitor, int lut) {
-  if (!flags.file.empty()) return makeTarget(flags);
-  auto base = storedTarget(monitor, lut);
-  if (!base) {
-    base = defaultTarget();
+VerifiedTarget targetToVerify(const TargetFlags& flags, const lumora::Monitor& monitor, int lut) {
+  if (!flags.file.empty()) return {makeTarget(flags), ""};
+  const auto stored = storedTarget(monitor, lut);
+  if (!stored) {
+    TargetRequest base = defaultTarget();
     // Nobody has asked for a luminance that could be missed.
-    base->target.lmax = 0.0;
-    context.out().note(
-        "The monitor keeps no target for this table: DICOM between its own black and white is "
-        "assumed, where the command line says nothing else.");
+    base.target.lmax = 0.0;
+    return {makeTarget(flags, base),
+            "The monitor keeps no target for this table: DICOM between its own black and white is "
+            "assumed, where the command line says nothing else."};
   }
-  return makeTarget(flags, *base);
+  if (stored->target.function == DisplayFunction::kUserDefine && flags.function.empty()) {
+    return {readTarget(flags, *stored),
+            "The table was calibrated for a user-defined curve, which the monitor does not keep: "
+            "its gray scale is not judged. --target names the curve."};
+  }
+  return {makeTarget(flags, *stored), ""};
 }
 
 ExitCode measure(Context& context, const RunOptions& options, const ChosenMonitor& chosen,
@@ -76,12 +85,13 @@ ExitCode verify(Context& context, const RunOptions& options) {
   const ChosenMonitor chosen = chooseMonitor(context, options.monitor);
   ModeKeeper keeper(chosen.monitor, chosen.name);
   const int lut = options.lut.value_or(static_cast<int>(keeper.mode()));
-  const TargetRequest request = targetToVerify(context, options.target, chosen.monitor, lut);
+  const auto [request, warning] = targetToVerify(options.target, chosen.monitor, lut);
   early.reset();
   throwIfInterrupted();
   MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);
   RunRecord record =
       startRecord(RunKind::kVerify, chosen, lut, request, options, station.instrument().info());
+  if (!warning.empty()) record.warnings.push_back(warning);
   sayPending(context, record, keeper);
   // Not the table that a killed run has left active: that goes back where it was, too.
   throwIfInterrupted();

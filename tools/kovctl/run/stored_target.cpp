@@ -18,8 +18,10 @@ std::optional<DisplayFunction> functionOf(int code) {
       return DisplayFunction::kLinear;
     case 5:
       return DisplayFunction::kNative;
+    case 6:
+      return DisplayFunction::kUserDefine;
     default:
-      return std::nullopt;  // a user-defined curve is not kept
+      return std::nullopt;
   }
 }
 
@@ -28,7 +30,11 @@ std::optional<DisplayFunction> functionOf(int code) {
 std::optional<TargetRequest> storedTarget(const lumora::Monitor& monitor, int lut) {
   const pocketjson::Value stored = monitor.getCalibrationTargetData(static_cast<unsigned>(lut));
   const auto function = functionOf(stored["displayFunction"].asInt(-1));
-  if (!function || *function == DisplayFunction::kNative) return std::nullopt;
+  if (!function) return std::nullopt;
+  // As it left the factory, a table is native and has no luminance.
+  const bool isFactorys =
+      *function == DisplayFunction::kNative && !(stored["lmax"].asDouble() > 0.0);
+  if (isFactorys) return std::nullopt;
   TargetRequest request = defaultTarget();
   TargetInfo& target = request.target;
   target.function = *function;

@@ -11,7 +11,7 @@
 namespace kovctl {
 
 /// What the look-up table was last calibrated for, as the monitor remembers it; nothing when it
-/// remembers none, and for a table as it left the factory.
+/// remembers none, and for a table as it left the factory. A user-defined curve is not remembered.
 std::optional<TargetRequest> storedTarget(const lumora::Monitor& monitor, int lut);
 
 }  // namespace kovctl
