@@ -7,8 +7,8 @@
 
 namespace kovctl {
 
-/// Calibrates a monitor and measures what came of it. Whatever happens, the monitor's state is read
-/// back and said at the end.
+/// Calibrates a monitor and measures what came of it. However it ends, unless the
+/// program is killed, the monitor's state is read back and said.
 ExitCode calibrate(Context& context, const RunOptions& options);
 
 /// Measures a monitor without changing it.
