@@ -79,12 +79,12 @@ class Window(Screen):
     def test_no_display(self):
         self.environment["DISPLAY"] = ":999"
         result = self.argyll("verify", "--display", "fullscreen", code=7)
-        self.assertIn("no display to draw patches on", result.err)
+        self.assertIn("kovctl: no display to draw patches on", result.err)
 
     def test_wrong_choices(self):
         self.assertIn("fullscreen or WIDTHxHEIGHT",
                       self.argyll("verify", "--display", "wall", code=2).err)
-        self.assertIn("there is no display 7",
+        self.assertIn("kovctl: cannot open the patch window: there is no display 7",
                       self.argyll("verify", "--display", "fullscreen", "--display-number", "7",
                                   code=7).err)
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <limits>
 
 #include "failure.h"
@@ -97,6 +98,19 @@ TEST(ToolProcess, IsNotWaitedForWithoutEnd) {
 TEST(ToolProcess, SaysWhatAProgramSaidAtItsEnd) {
   ToolProcess tool({"sh", "-c", "echo no port >&2; exit 1"}, [] { return false; });
   EXPECT_STREQ(failureOf(tool, 30.0).what(), "sh ended instead of giving its answer: no port");
+}
+
+TEST(ToolProcess, SaysWhatAProgramSaidThatTakesNoQuestion) {
+#ifdef SIGPIPE
+  std::signal(SIGPIPE, SIG_IGN);  // as kovctl does
+#endif
+  ToolProcess tool({"sh", "-c", "exec <&-; echo no profile >&2; exit 1"}, [] { return false; });
+  try {
+    for (;;) tool.send("0 0 0\n");
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.code, ExitCode::kInstrument);
+    EXPECT_STREQ(failure.what(), "sh has ended: no profile");
+  }
 }
 
 TEST(ToolProcess, EndsAWaitWhenInterrupted) {

@@ -95,7 +95,8 @@ class Files(Asked):
         whole = record.read_bytes()
         os.link(record, self.folder / "hard.html")
         (self.folder / "soft.html").symlink_to("run.json")
-        for name in ("run.json", "hard.html", "soft.html", "./../" + self.folder.name + "/run.json"):
+        roundabout = f"../{self.folder.name}/run.json"
+        for name in ("run.json", "hard.html", "soft.html", roundabout):
             document = self.error("report", record, "-o", f"{self.folder}/{name}", code=2)
             self.assertIn("is the record itself", document["message"])
             self.assertEqual(record.read_bytes(), whole)

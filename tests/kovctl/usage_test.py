@@ -10,7 +10,8 @@ class Usage(Asked):
     def test_usage(self):
         for arguments in ((), ("calibrat",), ("calibrate", "--lut", "-1"), ("list", "--frob"),
                           ("lock",), ("lock", "ajar"), ("list", "-q", "-v"),
-                          ("verify", "--points", "17"), ("list", "--json", "--json-lines")):
+                          ("verify", "--points", "17"),
+                          ("verify", "--points", "0"), ("list", "--json", "--json-lines")):
             result = self.run_kovctl(*arguments, code=2)
             self.assertTrue(result.err.startswith("kovctl: "), arguments)
             if "--json" not in arguments:

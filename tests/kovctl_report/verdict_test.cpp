@@ -207,6 +207,18 @@ TEST(Verdict, APassNamesWhatItCouldNotJudge) {
             "kovctl's own tolerance, of no standard");
 }
 
+TEST(Verdict, ARoomSaidToBeWithoutLightIsNoRoomMeasured) {
+  RunRecord record = exact(15);
+  record.target.ambient = 0.0;
+  const auto curve = wantedCurve(record.target, std::nullopt);
+  for (PatchResult& patch : record.patches) patch.luminance = curve->luminance(patch.r / 255.0);
+  const Verdict verdict = verdictOn(record);
+  EXPECT_EQ(of(verdict, Quantity::kAmbientRatio).outcome, Outcome::kNotApplicable);
+  EXPECT_EQ(verdict.reason,
+            "All 4 limits that apply are met. Not judged: Ambient ratio (the ambient light is "
+            "given as 0).");
+}
+
 TEST(Limits, HaveTheSourcesNumbers) {
   const auto value = [](std::string_view profile, Quantity quantity) {
     for (const Limit& limit : findLimits(profile)->limits)

@@ -81,7 +81,7 @@ void addInstrumentOptions(CLI::App& command, RunOptions& options) {
       ->group(group);
 }
 
-void addResultOptions(CLI::App& command, RunOptions& options) {
+void addResultOptions(CLI::App& command, RunOptions& options, RunKind kind) {
   const char* const group = "Result";
   options.limits = std::string(kDefaultLimits);
   command
@@ -90,9 +90,15 @@ void addResultOptions(CLI::App& command, RunOptions& options) {
                       options.limits + ")")
       ->type_name("NAME")
       ->group(group);
-  command.add_option("--points", options.checkPoints, "Gray levels of the check: 52, 18 or 0 (52)")
+  // A run that only measures measures something.
+  const bool measuresOnly = kind == RunKind::kVerify;
+  command
+      .add_option("--points", options.checkPoints,
+                  measuresOnly ? "Gray levels to measure: 52 or 18 (52)"
+                               : "Gray levels of the check: 52, 18 or 0 (52)")
       ->type_name("COUNT")
-      ->check(CLI::IsMember({52, 18, 0}))
+      ->check(measuresOnly ? CLI::IsMember({kInformingPoints, kDecidingPoints})
+                           : CLI::IsMember({kInformingPoints, kDecidingPoints, 0}))
       ->group(group);
   options.operatorName = sys::userName();
   command
@@ -113,7 +119,7 @@ void addResultOptions(CLI::App& command, RunOptions& options) {
       ->group(group);
 }
 
-std::shared_ptr<RunOptions> addCommonOptions(CLI::App& command) {
+std::shared_ptr<RunOptions> addCommonOptions(CLI::App& command, RunKind kind) {
   auto options = std::make_shared<RunOptions>();
   addMonitorOption(command, options->monitor);
   command.add_option("--lut", options->lut, "Look-up table, counted from 0 (the active one)")
@@ -121,7 +127,7 @@ std::shared_ptr<RunOptions> addCommonOptions(CLI::App& command) {
       ->check(CLI::Range(0, 65534));
   addTargetOptions(command, options->target);
   addInstrumentOptions(command, *options);
-  addResultOptions(command, *options);
+  addResultOptions(command, *options, kind);
   return options;
 }
 
@@ -129,7 +135,7 @@ std::shared_ptr<RunOptions> addCommonOptions(CLI::App& command) {
 
 void addCalibrateCommand(CLI::App& program, Context& context) {
   CLI::App* const command = program.add_subcommand("calibrate", "Calibrate a monitor and check it");
-  const auto options = addCommonOptions(*command);
+  const auto options = addCommonOptions(*command, RunKind::kCalibrate);
   command->add_flag("--external-sensors", options->target.externalSensors, "Use external sensors")
       ->group("Target");
   command
@@ -154,7 +160,7 @@ void addVerifyCommand(CLI::App& program, Context& context) {
       "Against the target that the monitor remembers for the table, else DICOM between the "
       "panel's\n"
       "own black and white; target options change parts of it, --target takes its place.");
-  const auto options = addCommonOptions(*command);
+  const auto options = addCommonOptions(*command, RunKind::kVerify);
   command->callback([&context, options] {
     context.command = [&context, options] { return verify(context, *options); };
   });

@@ -23,6 +23,7 @@ WindowProcess::WindowProcess(const ScreenOptions& chosen)
                {},
                false}) {
   await("open");
+  wasOpen = true;
 }
 
 void WindowProcess::fail() {
@@ -30,6 +31,9 @@ void WindowProcess::fail() {
     throw Failure(ExitCode::kInstrument, "the patch window was closed");
   }
   const std::string reason = lastLine(said);
+  if (!wasOpen) {
+    throw Failure(ExitCode::kInstrument, reason.empty() ? "the patch window did not open" : reason);
+  }
   throw Failure(ExitCode::kInstrument,
                 "the patch window is gone" + (reason.empty() ? "" : ": " + reason));
 }

@@ -25,6 +25,7 @@ class WindowProcess : public PatchScreen {
   ScreenOptions options;
   sys::Subprocess process;
   std::string said;
+  bool wasOpen = false;
   bool ended = false;
 };
 

@@ -6,6 +6,11 @@
 #include "failure.h"
 
 namespace kovctl {
+namespace {
+
+constexpr std::chrono::milliseconds kSlice{50};
+
+}  // namespace
 
 std::string lastLine(std::string_view text) {
   constexpr std::string_view kBlanks = " \t\r\n";
@@ -34,13 +39,17 @@ void ToolProcess::fail(const std::string& what, std::string_view said) const {
 }
 
 void ToolProcess::send(std::string_view text) {
-  if (!process->write(text)) fail("has ended", "");
+  if (process->write(text)) return;
+  // It may have said why.
+  std::string said;
+  while (process->read(said, kSlice) == sys::Subprocess::Read::kData) {
+  }
+  fail("has ended", said);
 }
 
 std::string ToolProcess::readUntil(const std::function<bool(std::string_view)>& isDone,
                                    double seconds, const std::string& waitingFor) {
   using Clock = std::chrono::steady_clock;
-  constexpr std::chrono::milliseconds kSlice{50};
   const auto end = Clock::now() + std::chrono::duration_cast<Clock::duration>(
                                       std::chrono::duration<double>(seconds));
   std::string said;

@@ -65,7 +65,8 @@ void evaluateLuminance(const TargetInfo& target, Evaluation& result) {
   const double ambient = target.ambient.value_or(0.0);
   if (result.lmax && result.lmin && *result.lmin + ambient > 0.0)
     result.luminanceRatio = (*result.lmax + ambient) / (*result.lmin + ambient);
-  if (target.ambient && result.lmin && *result.lmin > 0.0)
+  // A room without any light has no part in the image: whoever says 0 has measured none.
+  if (ambient > 0.0 && result.lmin && *result.lmin > 0.0)
     result.ambientRatio = *target.ambient / *result.lmin;
 }
 

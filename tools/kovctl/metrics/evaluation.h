@@ -14,6 +14,8 @@ namespace kovctl {
 /// The levels that decide: 18, every 15th (AAPM On-line Report 03, TG-18).
 inline constexpr int kDecidingStep = 15;
 inline constexpr int kDecidingPoints = 18;
+/// As many as a check measures to inform, those 18 among them.
+inline constexpr int kInformingPoints = 52;
 
 /// Gray this dark is left out of gray tracking: there a meter's colour is mostly noise. cd/m².
 inline constexpr double kDarkestTrackedGray = 5.0;

@@ -59,6 +59,7 @@ std::string whyAbsent(Quantity quantity, const RunRecord& record, const Evaluati
       return "the 18 deciding levels were not all measured";
     case Quantity::kAmbientRatio:
       if (!record.target.ambient) return "the ambient light is not known";
+      if (!(*record.target.ambient > 0.0)) return "the ambient light is given as 0";
       return evaluation.lmin ? "the measured black is not above 0" : "the black was not measured";
     case Quantity::kWhiteLevel:
       return asked ? "the white was not measured" : "the target has no maximum luminance";

@@ -68,7 +68,7 @@ RunRecord startRecord(RunKind kind, const ChosenMonitor& chosen, int lut,
   record.startTime = utcNow();
   record.target = request.target;
   record.limitsProfile = options.limits == "none" ? "" : options.limits;
-  record.checkPoints = checkPointsOf(kind, options);
+  record.checkPoints = options.checkPoints;
   record.versions = versions();
   record.history = monitorHistory(chosen.monitor, lut);
   return record;

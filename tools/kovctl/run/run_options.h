@@ -7,6 +7,7 @@
 
 #include "display/patch_screen.h"
 #include "instrument/instrument.h"
+#include "metrics/evaluation.h"
 #include "record/run_record.h"
 #include "target/target_request.h"
 
@@ -21,19 +22,14 @@ struct RunOptions {
   std::string operatorName;
   InstrumentOptions instrument;
   ScreenOptions screen;
-  int checkPoints = 52;  ///< 52, 18 or 0: what is measured once the table is loaded
+  /// 52, 18 or, of a calibration, 0: what is measured once the table is loaded
+  int checkPoints = kInformingPoints;
   bool keepMode = false;
   bool dryRun = false;
   std::string report;        ///< HTML file
   std::string record;        ///< JSON file
   std::string reportFolder;  ///< both, named after monitor and time; earlier ones make the trend
 };
-
-/// What is measured once the table is loaded; a run that only measures measures something.
-inline int checkPointsOf(RunKind kind, const RunOptions& options) {
-  constexpr int kFewest = 18;
-  return kind == RunKind::kVerify && options.checkPoints == 0 ? kFewest : options.checkPoints;
-}
 
 }  // namespace kovctl
 

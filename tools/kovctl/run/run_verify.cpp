@@ -60,7 +60,7 @@ ExitCode measure(Context& context, const RunOptions& options, const ChosenMonito
   Progress progress = makeProgress(context);
   const RunClock clock;
   try {
-    if (measureGrayScale(station, progress, clock, record, checkPointsOf(RunKind::kVerify, options),
+    if (measureGrayScale(station, progress, clock, record, options.checkPoints,
                          "Measuring " + chosen.name.text())) {
       return ExitCode::kOk;
     }
