@@ -61,7 +61,7 @@ class Commands(Asked):
         self.assertEqual(self.active_lut(), 2)
         self.assertEqual(self.json("restore", "-m", COLOUR)["lut"], 2)
 
-    def test_calibrate_verify_history_report(self):
+    def test_calibrate_verify_history(self):
         record = self.folder / "run.json"
         report = self.folder / "run.html"
         document = self.json("calibrate", "-m", COLOUR, "--lut", "1", "--ambient", "0.1",
@@ -88,6 +88,10 @@ class Commands(Asked):
         self.assertEqual(len(history["entries"]), 2)
         self.assertEqual({entry["lut"] for entry in history["entries"]}, {1})
 
+    def test_report_drawn_again(self):
+        record = self.folder / "run.json"
+        report = self.folder / "run.html"
+        document = self.json("calibrate", "-m", COLOUR, "--record", record, "--report", report)
         again = self.folder / "again.html"
         drawn = self.json("report", record, "-o", again)
         self.assertEqual(drawn["verdict"], document["verdict"])

@@ -90,16 +90,18 @@ TEST(HistoryTimes, KeepWhatIsNoDate) {
   EXPECT_EQ(utcOf("2026-01-31 12:00:00"), "2026-01-31T12:00:00Z");
 }
 
-TEST(CheckLevels, AreTheOnesThatDecide) {
-  const std::vector<int> eighteen = checkLevels(18);
+TEST(EvenLevels, AreTheOnesThatDecide) {
+  const std::vector<int> eighteen = evenLevels(18);
   ASSERT_EQ(eighteen.size(), 18U);
   for (std::size_t i = 0; i < eighteen.size(); ++i)
     EXPECT_EQ(eighteen[i], static_cast<int>(15 * i));
-  const std::vector<int> all = checkLevels(52);
+  const std::vector<int> all = evenLevels(52);
   EXPECT_EQ(all.front(), 0);
   EXPECT_EQ(all[1], 5);
   EXPECT_EQ(all.back(), 255);
-  EXPECT_TRUE(checkLevels(0).empty());
+  EXPECT_TRUE(evenLevels(0).empty());
+  EXPECT_EQ(evenLevels(3), (std::vector<int>{0, 128, 255}));
+  EXPECT_EQ(evenLevels(5), (std::vector<int>{0, 64, 128, 191, 255}));
 }
 
 }  // namespace

@@ -72,7 +72,8 @@ class KovctlTest(unittest.TestCase):
     def lay_out(self):
         subprocess.run(
             [CMAKE, f"-DROOT={self.root}", f"-DJAVA_HOME={JAVA_HOME}",
-             f"-DSIMULATOR_DIR={SIMULATOR}", f"-DWINDOWS={WINDOWS}", "-DLINK=ON", "-P", str(SOURCE / "simulator/layout.cmake")],
+             f"-DSIMULATOR_DIR={SIMULATOR}", f"-DWINDOWS={WINDOWS}", "-DLINK=ON",
+             "-P", str(SOURCE / "simulator/layout.cmake")],
             check=True)
 
     @property

@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <set>
 #include <utility>
 
 #include "exact_record.h"
@@ -98,23 +97,6 @@ TEST(Verdict, NativeFunctionHasNoContrastTarget) {
             "The gray scale is not judged: the native function has no target curve.");
 }
 
-TEST(Limits, EveryNumberNamesItsSource) {
-  std::set<std::string_view> names;
-  for (const LimitsProfile& profile : limitsProfiles()) {
-    EXPECT_TRUE(names.insert(profile.name).second) << profile.name;
-    EXPECT_EQ(findLimits(profile.name), &profile);
-    EXPECT_FALSE(profile.limits.empty());
-    std::set<Quantity> quantities;
-    for (const Limit& limit : profile.limits) {
-      EXPECT_GT(limit.source.size(), 40U) << profile.name;
-      EXPECT_GT(limit.value, 0.0);
-      EXPECT_TRUE(quantities.insert(limit.quantity).second) << "one limit for each quantity";
-    }
-  }
-  EXPECT_NE(findLimits(kDefaultLimits), nullptr);
-  EXPECT_EQ(findLimits("nothing"), nullptr);
-}
-
 // Exactly on a target of its own.
 RunRecord exactBetween(double lmin, double lmax, std::string_view profile) {
   RunRecord record = exact(15);
@@ -173,28 +155,6 @@ TEST(Verdict, AWhitePointThatWasAskedForAndMissedIsNoPass) {
   }
 }
 
-TEST(Limits, BearNoStandardsNameThatTheirSourcesDoNotGive) {
-  for (const LimitsProfile& profile : limitsProfiles()) {
-    EXPECT_FALSE(profile.notJudged.empty()) << profile.name;
-    const auto titleSays = [&](std::string_view text) {
-      return profile.title.find(text) != std::string_view::npos;
-    };
-    EXPECT_FALSE(titleSays("Report 270") || titleSays("TG-18")) << profile.title;
-    bool judgesGrayScale = false;
-    for (const Limit& limit : profile.limits) {
-      EXPECT_EQ(limit.source.rfind("of no standard", 0) == 0, limit.isOwn);
-      judgesGrayScale |= limit.quantity == Quantity::kContrastResponse;
-      const auto sourceSays = [&](std::string_view text) {
-        return limit.source.find(text) != std::string_view::npos;
-      };
-      if (limit.isOwn) continue;
-      EXPECT_TRUE(!titleSays("ACR") || (titleSays("summaries") && sourceSays("ACR")));
-      EXPECT_TRUE(!titleSays("DIN") || (titleSays("QS-RL") && titleSays("quoted")));
-    }
-    EXPECT_NE(judgesGrayScale, titleSays("Informative, never a pass")) << profile.title;
-  }
-}
-
 TEST(Verdict, APassNamesWhatItCouldNotJudge) {
   RunRecord record = exact(15);
   record.target.ambient.reset();
@@ -203,8 +163,7 @@ TEST(Verdict, APassNamesWhatItCouldNotJudge) {
   EXPECT_EQ(verdict.reason,
             "All 4 limits that apply are met. Not judged: Ambient ratio (the ambient light is not "
             "known).");
-  EXPECT_EQ(of(verdict, Quantity::kWhiteLevel).note,
-            "kovctl's own tolerance, of no standard");
+  EXPECT_EQ(of(verdict, Quantity::kWhiteLevel).note, "kovctl's own tolerance, of no standard");
 }
 
 TEST(Verdict, ARoomSaidToBeWithoutLightIsNoRoomMeasured) {
@@ -217,42 +176,6 @@ TEST(Verdict, ARoomSaidToBeWithoutLightIsNoRoomMeasured) {
   EXPECT_EQ(verdict.reason,
             "All 4 limits that apply are met. Not judged: Ambient ratio (the ambient light is "
             "given as 0).");
-}
-
-TEST(Limits, HaveTheSourcesNumbers) {
-  const auto value = [](std::string_view profile, Quantity quantity) {
-    for (const Limit& limit : findLimits(profile)->limits)
-      if (limit.quantity == quantity) return limit.value;
-    return -1.0;
-  };
-  EXPECT_EQ(value("diagnostic", Quantity::kContrastResponse), 0.10);
-  EXPECT_EQ(value("other", Quantity::kContrastResponse), 0.20);
-  EXPECT_EQ(value("diagnostic", Quantity::kLuminanceRatio), 250.0);
-  EXPECT_EQ(value("other", Quantity::kLuminanceRatio), 100.0);
-  for (const char* profile : {"diagnostic", "other"})
-    EXPECT_EQ(value(profile, Quantity::kAmbientRatio), 2.0 / 3.0);
-  EXPECT_EQ(value("acr-diagnostic", Quantity::kContrastResponse), 0.10);
-  EXPECT_EQ(value("acr-other", Quantity::kContrastResponse), 0.20);
-  EXPECT_EQ(value("acr-diagnostic", Quantity::kMaximumLuminance), 350.0);
-  EXPECT_EQ(value("acr-other", Quantity::kMaximumLuminance), 250.0);
-  for (const char* profile : {"diagnostic", "other", "acr-diagnostic", "acr-other"}) {
-    EXPECT_EQ(value(profile, Quantity::kWhiteLevel), 0.10);
-    EXPECT_EQ(value(profile, Quantity::kBlackLevel), 0.20);
-    EXPECT_EQ(value(profile, Quantity::kWhitePoint), 0.01);
-  }
-  EXPECT_EQ(value("din-6868-157-dental-rk5", Quantity::kMaximumLuminance), 200.0);
-  EXPECT_EQ(value("din-6868-157-dental-rk6", Quantity::kMaximumLuminance), 300.0);
-  EXPECT_EQ(value("din-6868-157-dental-rk5", Quantity::kLuminanceRatio), 100.0);
-  EXPECT_EQ(value("din-6868-157-dental-rk6", Quantity::kLuminanceRatio), 100.0);
-}
-
-TEST(Limits, AreWrittenForPeople) {
-  EXPECT_EQ(formatLimit({Quantity::kContrastResponse, Bound::kAtMost, 0.1, ""}), "≤ 10 %");
-  EXPECT_EQ(formatLimit({Quantity::kLuminanceRatio, Bound::kAtLeast, 250, ""}), "≥ 250");
-  EXPECT_EQ(formatLimit({Quantity::kMaximumLuminance, Bound::kAtLeast, 250, ""}), "≥ 250 cd/m²");
-  EXPECT_EQ(formatLimit({Quantity::kAmbientRatio, Bound::kAtMost, 2.0 / 3.0, ""}), "≤ 0.667");
-  EXPECT_EQ(formatValue(Quantity::kContrastResponse, 0.0341), "3.41 %");
-  EXPECT_EQ(formatValue(Quantity::kWhitePoint, 0.00214), "0.0021");
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "commands/commands.h"
 #include "monitors/found_monitors.h"
 #include "output/table.h"
+#include "record/display_functions.h"
 #include "run/trend.h"
 
 namespace kovctl {
@@ -12,9 +13,9 @@ namespace {
 using lumora::kov::KovCalibrationHisInfo;
 
 const char* functionName(int code) {
-  constexpr const char* kNames[] = {"DICOM",  "CIE L*", "gamma",       "logarithmic-linear",
-                                    "linear", "native", "user-defined"};
-  return code >= 0 && code < 7 ? kNames[code] : "unknown";
+  const auto functions = displayFunctions();
+  const bool isKnown = displayFunctionOf(code).has_value();
+  return isKnown ? functions[static_cast<std::size_t>(code)].text : "unknown";
 }
 
 Json jsonOf(const KovCalibrationHisInfo& entry) {

@@ -64,6 +64,10 @@ void addInstrumentOptions(CLI::App& command, RunOptions& options) {
       ->type_name("S")
       ->check(CLI::PositiveNumber)
       ->group(group);
+}
+
+void addScreenOptions(CLI::App& command, RunOptions& options) {
+  const char* const group = "Instrument";
   command
       .add_option("--display", options.screen.choice,
                   "Draw the patches: fullscreen, or WIDTHxHEIGHT for a window")
@@ -127,6 +131,7 @@ std::shared_ptr<RunOptions> addCommonOptions(CLI::App& command, RunKind kind) {
       ->check(CLI::Range(0, 65534));
   addTargetOptions(command, options->target);
   addInstrumentOptions(command, *options);
+  addScreenOptions(command, *options);
   addResultOptions(command, *options, kind);
   return options;
 }

@@ -28,18 +28,35 @@ std::string lockText(const lumora::Monitor& monitor) {
   return monitor.getKeyLockState() == OmCtrlKeyLockLocked ? "locked" : "unlocked";
 }
 
-ExitCode show(Context& context, const std::string& wanted) {
-  const ChosenMonitor chosen = chooseMonitor(context, wanted);
+/// What there is to say about a monitor, asked once.
+struct Shown {
+  std::size_t number;
+  unsigned mode;
+  MonitorInfo info;
+  std::size_t historyEntries;
+  std::optional<TargetRequest> target;
+  pocketjson::Value stored;  ///< the same as the monitor keeps it
+  std::optional<unsigned> left;
+  std::string lock;
+};
+
+Shown ask(const ChosenMonitor& chosen) {
   const lumora::Monitor& monitor = chosen.monitor;
   const unsigned mode = monitor.getCalModeValue();
-  const MonitorInfo info = monitorInfo(monitor, chosen.name, static_cast<int>(mode));
-  const auto history = monitor.getExtractCalibrationData().size();
-  const auto target = storedTarget(monitor, static_cast<int>(mode));
-  const auto left = ModeNote::read(chosen.name);
-  const std::string lock = lockText(monitor);
+  return {chosen.number,
+          mode,
+          monitorInfo(monitor, chosen.name, static_cast<int>(mode)),
+          monitor.getExtractCalibrationData().size(),
+          storedTarget(monitor, static_cast<int>(mode)),
+          monitor.getCalibrationTargetData(mode),
+          ModeNote::read(chosen.name),
+          lockText(monitor)};
+}
 
-  context.out().print(properties({
-      {"Number", std::to_string(chosen.number)},
+std::string textOf(const Shown& shown) {
+  const MonitorInfo& info = shown.info;
+  return properties({
+      {"Number", std::to_string(shown.number)},
       {"Model", info.model},
       {"Serial number", info.serial},
       {"Package", info.package},
@@ -48,14 +65,18 @@ ExitCode show(Context& context, const std::string& wanted) {
       {"Type", info.colorType},
       {"Connection", info.connection},
       {"Working time", fmt::format("{} h", info.workingHours.value_or(0))},
-      {"Keys", lock},
-      {"Active look-up table", std::to_string(mode)},
-      {"Calibrated for", target ? describe(target->target) : "nothing that the monitor remembers"},
-      {"Calibrations kept", std::to_string(history)},
-  }));
-  if (left) context.out().warn(ModeNote{chosen.name.text(), *left}.sentence());
-  Json document = documentOf("show");
-  document["number"] = chosen.number;
+      {"Keys", shown.lock},
+      {"Active look-up table", std::to_string(shown.mode)},
+      {"Calibrated for",
+       shown.target ? describe(shown.target->target) : "nothing that the monitor remembers"},
+      {"Calibrations kept", std::to_string(shown.historyEntries)},
+  });
+}
+
+Json documentOf(const Shown& shown) {
+  const MonitorInfo& info = shown.info;
+  Json document = kovctl::documentOf("show");
+  document["number"] = shown.number;
   document["model"] = info.model;
   document["serial"] = info.serial;
   document["package"] = info.package;
@@ -65,12 +86,20 @@ ExitCode show(Context& context, const std::string& wanted) {
   document["colorType"] = info.colorType;
   document["connection"] = info.connection;
   document["workingHours"] = info.workingHours.value_or(0);
-  document["keys"] = lock;
-  document["activeLut"] = mode;
-  document["target"] = targetJson(monitor.getCalibrationTargetData(mode));
-  document["historyEntries"] = history;
-  document["pendingRestore"] = left ? Json(*left) : Json(nullptr);
-  context.out().document(document);
+  document["keys"] = shown.lock;
+  document["activeLut"] = shown.mode;
+  document["target"] = targetJson(shown.stored);
+  document["historyEntries"] = shown.historyEntries;
+  document["pendingRestore"] = shown.left ? Json(*shown.left) : Json(nullptr);
+  return document;
+}
+
+ExitCode show(Context& context, const std::string& wanted) {
+  const ChosenMonitor chosen = chooseMonitor(context, wanted);
+  const Shown shown = ask(chosen);
+  context.out().print(textOf(shown));
+  if (shown.left) context.out().warn(ModeNote{chosen.name.text(), *shown.left}.sentence());
+  context.out().document(documentOf(shown));
   return ExitCode::kOk;
 }
 

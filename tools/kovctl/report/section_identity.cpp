@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include <fmt/format.h>
 
-#include "metrics/target_curve.h"
+#include "record/display_functions.h"
 #include "record/text_form.h"
 #include "report/axis.h"
 #include "report/html.h"
@@ -80,28 +80,6 @@ std::string colour(const std::optional<UniformChromaticity>& value) {
   return value ? fmt::format("u′ {:.4f}, v′ {:.4f}", value->u, value->v) : std::string();
 }
 
-std::string functionText(const TargetInfo& target) {
-  switch (target.function) {
-    case DisplayFunction::kDicom:
-      return "DICOM grayscale standard display function";
-    case DisplayFunction::kCie:
-      return "CIE 1976 lightness";
-    case DisplayFunction::kExp:
-      return "Gamma " + formatNumber(target.exponent.value_or(0.0));
-    case DisplayFunction::kLogLinear:
-      return "Logarithmic luminance, linear";
-    case DisplayFunction::kLinear:
-      return "Linear (gamma 1)";
-    case DisplayFunction::kNative:
-      return "Native (no correction)";
-    case DisplayFunction::kUserDefine:
-      return target.userCurve.empty()
-                 ? std::string("User-defined, curve not known")
-                 : fmt::format("User-defined, {} points", target.userCurve.size());
-  }
-  return {};
-}
-
 std::string whiteRow(const TargetInfo& target, const Evaluation& evaluation) {
   std::string wanted = colour(evaluation.targetWhite);
   if (!target.whiteName.empty())
@@ -131,7 +109,7 @@ std::string targetSection(const ReportView& view) {
       "<table><thead><tr><th scope=\"col\">Quantity</th><th scope=\"col\" class=\"num\">Target</th>"
       "<th scope=\"col\" class=\"num\">Result</th><th scope=\"col\" class=\"num\">Difference</th>"
       "</tr></thead><tbody>\n";
-  html += row("Display function", escapeHtml(functionText(target)), "", "");
+  html += row("Display function", escapeHtml(fullFunctionText(target)), "", "");
   html += row("Maximum luminance", target.lmax > 0.0 ? luminance(target.lmax) : "as measured",
               luminance(e.lmax), percentText(e.lmaxDeviation));
   html += row("Minimum luminance",

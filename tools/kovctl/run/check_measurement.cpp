@@ -8,7 +8,7 @@ namespace kovctl {
 
 bool measureGrayScale(MeasuringStation& station, Progress& progress, const RunClock& clock,
                       RunRecord& record, int points, const std::string& title) {
-  const std::vector<int> levels = checkLevels(points);
+  const std::vector<int> levels = evenLevels(points);
   progress.begin(title, "check", points);
   int done = 0;
   try {

@@ -24,9 +24,10 @@ void addMeasurement(std::vector<PatchResult>& patches, PatchRole role, const Pat
   patches.push_back(result);
 }
 
-std::vector<int> checkLevels(int points) {
+std::vector<int> evenLevels(int count) {
   std::vector<int> levels;
-  for (int i = 0; i < points; ++i) levels.push_back(i * 255 / (points - 1));
+  const int last = count - 1;
+  for (int i = 0; i < count; ++i) levels.push_back((2 * i * 255 + last) / (2 * last));
   return levels;
 }
 

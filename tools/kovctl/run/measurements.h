@@ -27,8 +27,9 @@ class RunClock {
 void addMeasurement(std::vector<PatchResult>& patches, PatchRole role, const Patch& patch,
                     const Reading& reading, double time);
 
-/// The gray levels of a check: 18 or 52, evenly spaced from 0 to 255.
-std::vector<int> checkLevels(int points);
+/// So many gray levels, evenly spaced from 0 to 255 and rounded: with 18 every 15th, with 52 every
+/// 5th.
+std::vector<int> evenLevels(int count);
 
 /// "2026-11-21T08:25:49Z"
 std::string utcNow();

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "run/run_files.h"
 
+#include <cstddef>
 #include <filesystem>
+#include <iterator>
+#include <utility>
 
 #include "failure.h"
 #include "metrics/evaluation.h"
@@ -79,13 +82,15 @@ void tryFile(const std::string& path) {
 // Its own and each other's: none may take the place of another.
 void checkNames(const RunOptions& options) {
   const std::pair<const char*, const std::string*> files[] = {{"--report", &options.report},
-                                                             {"--record", &options.record},
-                                                             {"--target", &options.target.file}};
-  for (const auto& [oneOption, one] : files) {
-    for (const auto& [otherOption, other] : files) {
-      if (one >= other || one->empty() || other->empty() || !isSameFile(*one, *other)) continue;
-      throw Failure(ExitCode::kUsage, std::string(oneOption) + " and " + otherOption +
-                                          " are the same file: " + *one);
+                                                              {"--record", &options.record},
+                                                              {"--target", &options.target.file}};
+  for (std::size_t i = 0; i < std::size(files); ++i) {
+    for (std::size_t j = i + 1; j < std::size(files); ++j) {
+      const auto& [oneOption, one] = files[i];
+      const auto& [otherOption, other] = files[j];
+      if (one->empty() || other->empty() || !isSameFile(*one, *other)) continue;
+      throw Failure(ExitCode::kUsage,
+                    std::string(oneOption) + " and " + otherOption + " are the same file: " + *one);
     }
   }
 }

@@ -29,14 +29,6 @@ struct PlannedPatches {
   bool isColorOnly = false;
 };
 
-std::vector<int> evenLevels(int count) {
-  std::vector<int> levels;
-  for (int i = 0; i < count; ++i) {
-    levels.push_back(static_cast<int>((255.0 * i) / (count - 1) + 0.5));
-  }
-  return levels;
-}
-
 std::vector<PlannedPatches> plannedPatches(const TargetRequest& request, int checkPoints) {
   const int levels = request.target.levels == 0 ? kLibrarysLevels : request.target.levels;
   std::vector<PlannedPatches> plan{
@@ -52,7 +44,7 @@ std::vector<PlannedPatches> plannedPatches(const TargetRequest& request, int che
                   kVerificationLevels, evenLevels(kVerificationLevels)});
   if (checkPoints > 0) {
     plan.push_back({PatchRole::kVerify, "gray levels of the independent check", checkPoints,
-                    checkLevels(checkPoints)});
+                    evenLevels(checkPoints)});
   }
   return plan;
 }
@@ -77,7 +69,7 @@ Json sayCurve(Console& console, const PlannedCurve& plan) {
                                            : "black and white"));
   }
   Table table({{"Level", Table::Align::kRight}, {"cd/m²", Table::Align::kRight}});
-  for (const int level : checkLevels(18)) {
+  for (const int level : evenLevels(kDecidingPoints)) {
     const double luminance = plan.curve->luminance(level / 255.0);
     table.add({std::to_string(level), fmt::format("{:.4f}", luminance)});
     points.push_back({{"level", level}, {"luminance", luminance}});

@@ -1,35 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "run/stored_target.h"
 
+#include "record/display_functions.h"
+
 namespace kovctl {
-namespace {
-
-std::optional<DisplayFunction> functionOf(int code) {
-  switch (code) {
-    case 0:
-      return DisplayFunction::kDicom;
-    case 1:
-      return DisplayFunction::kCie;
-    case 2:
-      return DisplayFunction::kExp;
-    case 3:
-      return DisplayFunction::kLogLinear;
-    case 4:
-      return DisplayFunction::kLinear;
-    case 5:
-      return DisplayFunction::kNative;
-    case 6:
-      return DisplayFunction::kUserDefine;
-    default:
-      return std::nullopt;
-  }
-}
-
-}  // namespace
-
 std::optional<TargetRequest> storedTarget(const lumora::Monitor& monitor, int lut) {
   const pocketjson::Value stored = monitor.getCalibrationTargetData(static_cast<unsigned>(lut));
-  const auto function = functionOf(stored["displayFunction"].asInt(-1));
+  const auto function = displayFunctionOf(stored["displayFunction"].asInt(-1));
   if (!function) return std::nullopt;
   // As it left the factory, a table is native and has no luminance.
   const bool isFactorys =

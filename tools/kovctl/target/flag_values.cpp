@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "failure.h"
+#include "record/display_functions.h"
 #include "record/run_record_json.h"
 
 namespace kovctl {
@@ -21,21 +22,6 @@ std::optional<Number> parse(const std::string& text) {
   if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
   return number;
 }
-
-struct FunctionName {
-  const char* flag;
-  DisplayFunction function;
-  const char* text;
-};
-
-constexpr FunctionName kFunctions[] = {
-    {"dicom", DisplayFunction::kDicom, "DICOM"},
-    {"cie", DisplayFunction::kCie, "CIE L*"},
-    {"loglinear", DisplayFunction::kLogLinear, "logarithmic-linear"},
-    {"linear", DisplayFunction::kLinear, "linear"},
-    {"native", DisplayFunction::kNative, "native"},
-    {"user", DisplayFunction::kUserDefine, "user-defined"},
-};
 
 }  // namespace
 
@@ -97,7 +83,9 @@ Chromaticity chromaticityFlag(const std::string& option, const std::string& text
 }
 
 DisplayFunction functionFlag(const std::string& text) {
-  for (const FunctionName& name : kFunctions) {
+  for (const DisplayFunctionNames& name : displayFunctions()) {
+    const bool needsExponent = name.function == DisplayFunction::kExp;
+    if (needsExponent) continue;
     if (text == name.flag || text == nameOf(name.function)) return name.function;
   }
   throw Failure(
@@ -105,13 +93,6 @@ DisplayFunction functionFlag(const std::string& text) {
       fmt::format("--function {}: dicom, cie, gamma:EXPONENT, loglinear, linear, native or "
                   "user is needed",
                   text));
-}
-
-std::string functionText(const TargetInfo& target) {
-  for (const FunctionName& name : kFunctions) {
-    if (target.function == name.function) return name.text;
-  }
-  return fmt::format("gamma {:g}", target.exponent.value_or(0.0));
 }
 
 }  // namespace kovctl

@@ -22,9 +22,6 @@ Chromaticity chromaticityFlag(const std::string& option, const std::string& text
 /// dicom, cie, loglinear, linear, native, user; the library's own names too
 DisplayFunction functionFlag(const std::string& text);
 
-/// "DICOM", "gamma 2.2", … for people.
-std::string functionText(const TargetInfo& target);
-
 }  // namespace kovctl
 
 #endif  // L5KOV_TOOLS_KOVCTL_TARGET_FLAG_VALUES_H_

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "failure.h"
+#include "record/display_functions.h"
 #include "system/files.h"
 #include "target/flag_values.h"
 #include "target/white_point.h"
