@@ -45,6 +45,15 @@ void sayResult(Context& context, const RunRecord& record, const Verdict& verdict
   }
 }
 
+// A number that is none, from wherever it came, must not end a run before all else is said.
+Json recordJson(const RunRecord& record, ExitCode code) try {
+  return toJson(record);
+} catch (const RunRecordError& reason) {
+  const bool isDone = code == ExitCode::kOk || code == ExitCode::kOutsideLimits;
+  throw Failure(isDone ? ExitCode::kOutput : code,
+                std::string("what was measured cannot be written: ") + reason.what());
+}
+
 }  // namespace
 
 ExitCode takeFailure(Context& context, RunRecord& record, const Failure& failure) {
@@ -66,19 +75,6 @@ void sayPending(Context& context, RunRecord& record, const ModeKeeper& keeper) {
   context.out().warn(sentence);
   record.timeline.push_back({0.0, sentence});
 }
-
-namespace {
-
-// A number that is none, from wherever it came, must not end a run before all else is said.
-Json recordJson(const RunRecord& record, ExitCode code) try {
-  return toJson(record);
-} catch (const RunRecordError& reason) {
-  const bool isDone = code == ExitCode::kOk || code == ExitCode::kOutsideLimits;
-  throw Failure(isDone ? ExitCode::kOutput : code,
-                std::string("what was measured cannot be written: ") + reason.what());
-}
-
-}  // namespace
 
 ExitCode endRun(Context& context, RunRecord& record, const RunOptions& options, ExitCode code) {
   record.endTime = utcNow();

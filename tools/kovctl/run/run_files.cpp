@@ -162,9 +162,8 @@ FilesWritten writeRunFiles(Context& context, const RunRecord& record, const RunO
     for (const std::string& path : records) writeOne(context, files, path, text);
   }
   if (!reports.empty()) {
-    const auto earlier = options.reportFolder.empty()
-                             ? std::vector<HistoryPoint>{}
-                             : earlierRuns(options.reportFolder, record);
+    const auto earlier = options.reportFolder.empty() ? std::vector<HistoryPoint>{}
+                                                      : earlierRuns(options.reportFolder, record);
     const std::string html = renderReport(record, earlier);
     for (const std::string& path : reports) writeOne(context, files, path, html);
   }
