@@ -47,8 +47,10 @@ ExitCode list(Context& context) {
                {"LUT", Table::Align::kRight}});
   Json monitors = Json::array();
   for (std::size_t i = 0; i < found.monitors.size(); ++i) {
+    if (found.names[i].silence) continue;
+    const MonitorName& name = found.names[i].name;
     try {
-      Line line = lineOf(found.monitors[i], found.names[i], i + 1);
+      Line line = lineOf(found.monitors[i], name, i + 1);
       Json event{{"event", "monitor"}};
       event.update(line.json);
       context.out().event(event);
@@ -57,12 +59,14 @@ ExitCode list(Context& context) {
     } catch (const lumora::kov::java::JavaException& exception) {
       // One that answers in part only hides no other.
       found.silent = exitCodeOf(exception);
-      context.out().warn(found.names[i].text() + " does not answer: " + textOf(exception));
+      context.out().warn(name.text() + " does not answer: " + textOf(exception));
     }
   }
   if (table.isEmpty()) context.out().note("No monitor is attached, or none that answers.");
   if (!table.isEmpty()) context.out().print(table.text());
-  for (const MonitorName& name : found.names) {
+  for (const Candidate& monitor : found.names) {
+    if (monitor.silence) continue;
+    const MonitorName& name = monitor.name;
     const auto left = ModeNote::read(name);
     if (left) context.out().warn(ModeNote{name.text(), *left}.sentence());
   }
@@ -84,7 +88,11 @@ void addMonitorOption(CLI::App& command, std::string& monitor) {
       .add_option(
           "-m,--monitor", monitor,
           "MODEL:SERIAL or a beginning that fits one only, or the number in \"kovctl list\"")
-      ->type_name("MONITOR");
+      ->type_name("MONITOR")
+      // An unset variable of a script must not mean "whichever there is".
+      ->check([](const std::string& text) {
+        return text.empty() ? std::string("a monitor is needed") : std::string();
+      });
 }
 
 }  // namespace kovctl

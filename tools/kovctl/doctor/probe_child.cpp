@@ -2,6 +2,8 @@
 #include <fmt/format.h>
 #include <jni.h>
 
+#include <algorithm>
+
 #include "doctor/catalogue.h"
 #include "doctor/probe.h"
 #include "doctor/probe_lines.h"
@@ -98,7 +100,10 @@ Check monitorCheck(Context& context) {
   const FoundMonitors found = findMonitors(context);
   Check check{"monitors", "Monitors", CheckState::kOk, fmt::format("{} found", found.names.size()),
               ""};
-  if (found.names.empty()) {
+  const auto silent = std::count_if(found.names.begin(), found.names.end(),
+                                    [](const Candidate& one) { return one.silence.has_value(); });
+  if (silent > 0) check.found += fmt::format(", {} of them silent", silent);
+  if (found.names.empty() || silent > 0) {
     check.state = CheckState::kWarn;
     check.remedy = "look at cables, power and the USB connection";
   }
@@ -137,7 +142,8 @@ bool probe(const std::string& id, const std::string& title, Function function) {
 ExitCode roundTrip(Context& context) {
   const FoundMonitors found = findMonitors(context);
   for (std::size_t i = 0; i < found.monitors.size(); ++i) {
-    monitorInfo(found.monitors[i], found.names[i], 0);
+    if (found.names[i].silence) continue;
+    monitorInfo(found.monitors[i], found.names[i].name, 0);
     found.monitors[i].getExtractCalibrationData();
     found.monitors[i].getCalModeValue();
   }

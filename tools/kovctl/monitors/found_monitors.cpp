@@ -16,12 +16,17 @@ FoundMonitors findMonitors(Context& context) {
   manager.find();
   FoundMonitors found;
   for (const lumora::Monitor& monitor : manager.getMonitors()) {
+    const std::size_t number = found.monitors.size() + 1;
+    found.monitors.push_back(monitor);
     try {
-      found.names.push_back({monitor.getModelName(), monitor.getSerialNumber()});
-      found.monitors.push_back(monitor);
+      found.names.push_back(
+          {MonitorName{monitor.getModelName(), monitor.getSerialNumber()}, std::nullopt});
     } catch (const lumora::kov::java::JavaException& exception) {
       found.silent = exitCodeOf(exception);
-      context.out().warn("a monitor does not answer: " + textOf(exception));
+      const std::string sentence =
+          fmt::format("monitor {} does not answer: {}", number, textOf(exception));
+      found.names.push_back({MonitorName(), Failure(found.silent, sentence)});
+      context.out().warn(sentence);
     }
   }
   context.out().detail(fmt::format("{} monitors found", found.names.size()));
@@ -30,16 +35,8 @@ FoundMonitors findMonitors(Context& context) {
 
 namespace {
 
-std::vector<std::string> list(const std::vector<MonitorName>& names) {
-  std::vector<std::string> lines;
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    lines.push_back(fmt::format("{}  {}", i + 1, names[i].text()));
-  }
-  return lines;
-}
-
-std::string ask(Context& context, const std::vector<MonitorName>& names) {
-  for (const std::string& line : list(names)) context.out().note(line);
+std::string ask(Context& context, const std::vector<Candidate>& names) {
+  for (const std::string& line : listed(names)) context.out().note(line);
   context.out().raw(fmt::format("Which monitor (1 to {})? ", names.size()));
   std::string answer;
   if (!sys::readLine(answer) || answer.empty()) {
@@ -52,18 +49,11 @@ std::string ask(Context& context, const std::vector<MonitorName>& names) {
 
 ChosenMonitor chooseMonitor(Context& context, const std::string& wanted) {
   const FoundMonitors found = findMonitors(context);
-  std::size_t chosen = 0;
-  if (!wanted.empty()) {
-    chosen = selectMonitor(found.names, wanted);
-  } else if (found.names.size() > 1 && context.isInteractive()) {
-    chosen = selectMonitor(found.names, ask(context, found.names));
-  } else if (found.names.size() > 1) {
-    throw Failure(ExitCode::kMonitor, "several monitors are attached: choose one with -m",
-                  list(found.names));
-  } else {
-    chosen = selectMonitor(found.names, "1");
-  }
-  return {found.monitors[chosen], found.names[chosen], chosen + 1};
+  const bool mayAsk = wanted.empty() && found.names.size() > 1 && context.isInteractive();
+  const std::string answer = mayAsk ? ask(context, found.names) : wanted;
+  const std::size_t chosen =
+      answer.empty() ? onlyMonitor(found.names) : selectMonitor(found.names, answer);
+  return {found.monitors[chosen], found.names[chosen].name, chosen + 1};
 }
 
 MonitorInfo monitorInfo(const lumora::Monitor& monitor, const MonitorName& name, int lut) {

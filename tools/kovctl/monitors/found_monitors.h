@@ -13,15 +13,15 @@
 
 namespace kovctl {
 
-/// The attached monitors that answer, by the library's search.
+/// The attached monitors, by the library's search.
 struct FoundMonitors {
   std::vector<lumora::Monitor> monitors;
-  std::vector<MonitorName> names;
+  std::vector<Candidate> names;  ///< one for each, in the same order
   /// kOk, or why one of the others did not answer.
   ExitCode silent = ExitCode::kOk;
 };
 
-/// Starts Java where needed. A monitor that does not say its name is warned of and left out.
+/// Starts Java where needed. A monitor that does not say its name is warned of.
 /// @throws Failure(kRuntime) when Java cannot be had, and JavaException
 FoundMonitors findMonitors(Context& context);
 
@@ -32,7 +32,7 @@ struct ChosenMonitor {
 };
 
 /// The monitor that -m names; without it the only one, or, at a terminal, the one that the user
-/// answers. @throws Failure(kMonitor)
+/// answers. @throws Failure(kMonitor), or with the code of a monitor that does not answer
 ChosenMonitor chooseMonitor(Context& context, const std::string& wanted);
 
 /// What the run record keeps of a monitor.
