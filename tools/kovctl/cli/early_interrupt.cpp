@@ -14,11 +14,8 @@ constexpr std::chrono::milliseconds kSlice{50};
 
 }  // namespace
 
-// Caught from the beginning, and again once Java has put its own handlers in place.
 EarlyInterrupt::EarlyInterrupt(Context& hostContext) : context(hostContext) {
-  sys::catchInterrupts();
-  startJava();
-  sys::catchInterrupts();
+  sys::catchInterrupts(startJava);
   thread = std::thread([this] {
     while (!over) {
       if (!sys::waitForInterrupt(0, kSlice)) continue;

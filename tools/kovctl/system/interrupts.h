@@ -3,13 +3,15 @@
 #define L5KOV_TOOLS_KOVCTL_SYSTEM_INTERRUPTS_H_
 
 #include <chrono>
+#include <functional>
 
 namespace kovctl::sys {
 
-/// From now on Ctrl-C, a request to terminate and a closed terminal are counted instead of ending
-/// the process. To be called once the Java runtime is up: starting, it puts handlers of its own in
-/// place, which would end the process in the middle of a calibration.
-void catchInterrupts();
+/// Starts the Java runtime, and from then on Ctrl-C, a request to terminate and a closed terminal
+/// are counted instead of ending the process; those that come meanwhile are counted, too. Starting,
+/// the runtime puts handlers of its own in place, which would end the process in the middle of a
+/// calibration. To be called by the first thread, before it makes others.
+void catchInterrupts(const std::function<void()>& startJava);
 
 /// How many there were.
 int interruptCount();

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <thread>
+#include <vector>
 
 namespace kovctl::sys {
 namespace {
@@ -16,19 +17,54 @@ extern "C" void countInterrupt(int) {
   count.fetch_add(1);
 }
 
-}  // namespace
-
-void catchInterrupts() {
+void handle(int number, void (*handler)(int)) {
   struct sigaction action {};
-  action.sa_handler = countInterrupt;
+  action.sa_handler = handler;
   action.sa_flags = SA_RESTART;
   sigemptyset(&action.sa_mask);
+  ::sigaction(number, &action, nullptr);
+}
+
+// One that the caller has switched off (nohup) stays off.
+std::vector<int> interruptsInUse() {
+  std::vector<int> numbers;
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    struct sigaction before {};
-    ::sigaction(number, nullptr, &before);
-    // One that the caller has switched off (nohup) stays off.
-    if (before.sa_handler != SIG_IGN) ::sigaction(number, &action, nullptr);
+    struct sigaction action {};
+    ::sigaction(number, nullptr, &action);
+    if (action.sa_handler != SIG_IGN) numbers.push_back(number);
   }
+  return numbers;
+}
+
+// Blocked on this thread, and ignored as the Java runtime sees it: what it finds ignored it neither
+// handles nor unblocks on its threads. A blocked signal waits even so, until it is unblocked with
+// the counting handler in place.
+class HeldInterrupts {
+ public:
+  HeldInterrupts() : numbers(interruptsInUse()) {
+    sigset_t held;
+    sigemptyset(&held);
+    for (const int number : numbers) sigaddset(&held, number);
+    ::pthread_sigmask(SIG_BLOCK, &held, &before);
+    for (const int number : numbers) handle(number, SIG_IGN);
+  }
+  HeldInterrupts(const HeldInterrupts&) = delete;
+  HeldInterrupts& operator=(const HeldInterrupts&) = delete;
+  ~HeldInterrupts() {
+    for (const int number : numbers) handle(number, countInterrupt);
+    ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  }
+
+ private:
+  const std::vector<int> numbers;
+  sigset_t before;
+};
+
+}  // namespace
+
+void catchInterrupts(const std::function<void()>& startJava) {
+  const HeldInterrupts held;
+  startJava();
 }
 
 int interruptCount() {

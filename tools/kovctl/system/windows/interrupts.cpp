@@ -28,7 +28,10 @@ BOOL WINAPI countInterrupt(DWORD kind) {
 
 }  // namespace
 
-void catchInterrupts() {
+// The handler that was set last is asked first.
+void catchInterrupts(const std::function<void()>& startJava) {
+  ::SetConsoleCtrlHandler(countInterrupt, TRUE);
+  startJava();
   ::SetConsoleCtrlHandler(countInterrupt, TRUE);
 }
 
