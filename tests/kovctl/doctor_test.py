@@ -41,7 +41,7 @@ class Doctor(KovctlTest):
         self.assertIn("112", checks["catalogue"]["found"])
         self.assertIn("x86-64", checks["runtime-library"]["found"])
         self.assertRegex(checks["runtime-version"]["found"], r"^\d+")
-        self.assertEqual(len(checks), 18)
+        self.assertEqual(len(checks), 19)
 
     def test_text_output(self):
         result = self.run_kovctl("doctor")
@@ -155,6 +155,16 @@ class Doctor(KovctlTest):
         models = ("OR-C321", "OR-M215", "OR-C240", "OR-C190")
         self.settings(**{f"monitor__{model}__connected": "off" for model in models})
         self.finds("monitors", "0 found", state="warn")
+
+    def test_silent_monitor(self):
+        self.faults({"call": "Monitor.getModel", "serial": "21500012", "nth": 1,
+                     "class": "java.io.IOException", "message": "Error sending data"})
+        self.finds("monitors", "4 found, 1 of them silent", state="warn")
+
+    def test_state_folder_that_is_none(self):
+        self.environment["XDG_STATE_HOME"] = str(self.root / "file")
+        (self.root / "file").write_text("")
+        self.finds("state-folder", "Not a directory", state="warn")
 
     def test_search_that_fails(self):
         self.faults({"call": "MonitorLibrary.startMonitorSearch", "nth": 0,

@@ -1,5 +1,7 @@
 # SPDX-License-Identifier: MIT
 """Ctrl-C and its kin at any moment: the monitor's state is always known, and said."""
+import os
+import pathlib
 import random
 import signal
 import time
@@ -90,13 +92,81 @@ class Interrupt(KovctlTest):
         self.slow_patches()
         process = self.calibrate()
         seen = self.read_until(process, b'"patch":5')
-        for _ in range(5):
+        for _ in range(2):
             process.send_signal(signal.SIGINT)
             time.sleep(0.3)
         result = self.finish(process)
         result.out = seen.decode() + result.out
         self.assertEqual(result.code, 130, result)
+        self.assertIn("one more interrupt ends kovctl at once", result.err)
         self.known(result)
+
+    def third(self, process, number=signal.SIGTERM):
+        for _ in range(3):
+            process.send_signal(number)
+            time.sleep(0.3)
+        start = time.monotonic()
+        result = self.finish(process)
+        self.assertLess(time.monotonic() - start, 5.0)
+        self.assertIn("ended by a third interrupt", result.err)
+        return result
+
+    def test_the_third_ends_a_run_that_settles(self):
+        self.slow_patches()
+        process = self.calibrate()
+        self.read_until(process, b'"patch":5')
+        result = self.third(process, signal.SIGINT)
+        self.assertEqual(result.code, 131, result)
+        error = schemas.check(result.lines[-1])
+        self.assertIn("NOT KNOWN: look-up table 0 was active before", error["details"][0])
+        self.assertEqual(self.run_kovctl("restore", "-m", COLOUR, "--json").json["lut"], 0)
+
+    def test_the_third_ends_a_run_whose_monitor_hangs(self):
+        self.faults({"call": "Monitor.getActiveLut", "nth": 2, "action": "delay",
+                     "millis": 600000})
+        process = self.start("verify", "-m", COLOUR, "--lut", "3")
+        state = self.home / "state/OR-C321-30210045.properties"
+        end = time.monotonic() + 60
+        while not state.exists() or "activeTable=3" not in state.read_text(encoding="utf-8"):
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.05)
+        result = self.third(process)
+        self.assertEqual(result.code, 131, result)
+        self.assertIn("kovctl restore -m " + COLOUR, result.err)
+
+    def test_the_third_ends_a_run_that_nobody_reads(self):
+        reader, writer = os.pipe()
+        self.addCleanup(os.close, reader)
+        os.set_blocking(writer, False)
+        try:
+            while True:
+                os.write(writer, b"x" * 4096)
+        except BlockingIOError:
+            os.set_blocking(writer, True)
+        process = self.start("calibrate", "-m", COLOUR, "--json-lines", stdout=writer)
+        os.close(writer)
+        end = time.monotonic() + 60
+        while not (self.folder / "state/kovctl/OR-C321-30210045.mode").exists():
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.05)
+        time.sleep(1.0)
+        result = self.third(process)
+        self.assertEqual(result.code, 131, result)
+        self.assertIn("kovctl restore -m " + COLOUR, result.err)
+
+    def test_while_java_starts(self):
+        """Kept back until it runs, whatever its own handlers would do."""
+        self.settings(search__ms="60000")
+        for milliseconds in range(0, 240, 20):
+            process = self.start("restore", "-m", COLOUR)
+            maps = pathlib.Path(f"/proc/{process.pid}/maps")
+            while "libjvm.so" not in maps.read_text():
+                self.assertIsNone(process.poll())
+            time.sleep(milliseconds / 1000)
+            process.send_signal((signal.SIGINT, signal.SIGTERM, signal.SIGHUP)[milliseconds % 3])
+            result = self.finish(process)
+            self.assertEqual(result.code, 130, (milliseconds, result))
+            self.assertIn("canceled before anything was changed", result.err)
 
     def test_settles_for_ten_seconds(self):
         self.slow_patches()

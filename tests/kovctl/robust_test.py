@@ -56,7 +56,10 @@ class Streams(KovctlTest):
 
     def test_unreadable_state_folder(self):
         self.environment["XDG_STATE_HOME"] = "/dev/null"
-        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+        result = self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18", "--json")
+        for text in (result.err, " ".join(schemas.check(result.json)["record"]["warnings"])):
+            self.assertIn("No note of this run can be kept (/dev/null", text)
+            self.assertIn("look-up table 0 was active before", text)
 
 
 class OtherVoices(KovctlTest):
@@ -71,9 +74,33 @@ class OtherVoices(KovctlTest):
                      "class": "java.io.IOException", "message": "Error sending data"})
         result = self.run_kovctl("list", "--json", code=6)
         self.assertEqual(len(schemas.check(result.json)["monitors"]), 3)
-        self.assertIn("warning: a monitor does not answer", result.err)
+        self.assertIn("warning: monitor 2 does not answer: java.io.IOException", result.err)
         self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
 
+    def silence(self, *serials):
+        self.faults(*({"call": "Monitor.getModel", "serial": serial, "nth": 0,
+                       "class": "java.io.IOException", "message": "Error sending data"}
+                      for serial in serials))
+
+    def test_no_other_is_taken_for_one_that_does_not_answer(self):
+        self.silence("30210045", "21500012", "24000777")
+        for command in (("verify",), ("calibrate",), ("restore",), ("lock", "on"), ("show",)):
+            # Only one is left, and it is not what anybody may have meant.
+            result = self.run_kovctl(*command, code=6)
+            self.assertIn("3 monitors do not answer", result.err)
+            self.assertIn("4  OR-C190:19000003", result.err)
+            self.run_kovctl(*command, "-m", "OR-C", code=6)
+        self.faults()
+        self.assertEqual(len(self.run_kovctl("history", "-m", COLOUR, "--json").json["entries"]), 5)
+
+    def test_numbers_stay(self):
+        self.silence("30210045")
+        self.assertEqual(self.run_kovctl("show", "-m", "2", "--json").json["model"], "OR-M215")
+        self.assertEqual([monitor["number"] for monitor in
+                          self.run_kovctl("list", "--json", code=6).json["monitors"]], [2, 3, 4])
+        for wanted in ("1", COLOUR):
+            result = self.run_kovctl("show", "-m", wanted, code=6)
+            self.assertNotIn("attached are", result.err)
 
     def test_one_monitor_that_answers_in_part_hides_no_other(self):
         for fault, code in (({"message": "Error sending data"}, 6),
@@ -209,7 +236,9 @@ class FullDisk(KovctlTest):
             except OSError:
                 pass
         self.environment["XDG_STATE_HOME"] = str(self.disk)
-        self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+        result = self.run_kovctl("calibrate", "-m", COLOUR, "--points", "18")
+        self.assertIn("warning: No note of this run can be kept", result.err)
+        self.assertIn("warn  Folder for notes of runs", self.run_kovctl("doctor").out)
 
 
 class Permissions(KovctlTest):

@@ -5,6 +5,7 @@
 #include <random>
 
 #include "system/binary_format.h"
+#include "system/file_lock.h"
 #include "system/files.h"
 #include "system/subprocess.h"
 
@@ -50,6 +51,23 @@ TEST(WriteWhole, KeepsThePermissions) {
   fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
   sys::writeWhole(file, "2");
   EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST(FileLock, IsHeldByOneAtATime) {
+  const Folder folder;
+  const std::string file = (folder.path / "monitor.lock").string();
+  EXPECT_FALSE(sys::FileLock::isHeld(file));
+  EXPECT_FALSE(fs::exists(file));
+  {
+    const auto lock = sys::FileLock::take(file);
+    ASSERT_NE(lock, nullptr);
+    EXPECT_TRUE(sys::FileLock::isHeld(file));
+    EXPECT_EQ(sys::FileLock::take(file), nullptr);
+    EXPECT_TRUE(sys::FileLock::isHeld(file));
+  }
+  EXPECT_FALSE(sys::FileLock::isHeld(file));
+  EXPECT_NE(sys::FileLock::take(file), nullptr);
+  EXPECT_THROW(sys::FileLock::take((folder.path / "none" / "a.lock").string()), std::runtime_error);
 }
 
 TEST(Files, AreRecognised) {

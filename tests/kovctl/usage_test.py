@@ -10,7 +10,7 @@ class Usage(Asked):
     def test_usage(self):
         for arguments in ((), ("calibrat",), ("calibrate", "--lut", "-1"), ("list", "--frob"),
                           ("lock",), ("lock", "ajar"), ("list", "-q", "-v"),
-                          ("verify", "--points", "17"),
+                          ("verify", "--points", "17"), ("show", "-m", ""),
                           ("verify", "--points", "0"), ("list", "--json", "--json-lines")):
             result = self.run_kovctl(*arguments, code=2)
             self.assertTrue(result.err.startswith("kovctl: "), arguments)
@@ -69,6 +69,13 @@ class Usage(Asked):
         self.error("report", missing, code=2)
         missing.write_text("{}")
         self.error("report", missing, code=2)
+
+    def test_mistakes_that_need_no_monitor_are_found_without_one(self):
+        self.jar.unlink()
+        for command in ("verify", "calibrate"):
+            for arguments in (("--instrument", "eye"), ("--instrument", "argyll"),
+                              ("--display", "wide")):
+                self.error(command, "-m", COLOUR, *arguments, code=2)
 
     def test_argyll_without_a_screen(self):
         document = self.error("verify", "-m", COLOUR, "--instrument", "argyll", code=2)

@@ -12,7 +12,7 @@ enum class ExitCode : int {
   kMonitor = 3,        ///< no such monitor, or more than one
   kOutsideLimits = 4,  ///< done, but the verdict is not a pass
   kRuntime = 5,        ///< plug-in folder, Java runtime or vendor libraries
-  kCommunication = 6,  ///< data did not reach the monitor
+  kCommunication = 6,  ///< data did not reach the monitor, or another run is at work on it
   kInstrument = 7,     ///< the instrument or the patch window failed
   kOutput = 8,         ///< a result could not be written
   kCanceled = 130,     ///< canceled, and the monitor is as it was

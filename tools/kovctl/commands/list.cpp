@@ -4,7 +4,7 @@
 #include "commands/commands.h"
 #include "monitors/found_monitors.h"
 #include "monitors/java_start.h"
-#include "monitors/mode_note.h"
+#include "monitors/run_lock.h"
 #include "output/table.h"
 
 namespace kovctl {
@@ -22,17 +22,31 @@ Line lineOf(const lumora::Monitor& monitor, const MonitorName& name, std::size_t
   const std::string package = monitor.getPackageName();
   const auto hours = monitor.getUsageTime().workingHours;
   const unsigned mode = monitor.getCalModeValue();
-  const auto left = ModeNote::read(name);
+  const MonitorUse use = MonitorUse::of(name);
   Line line;
-  line.json = {{"number", number},    {"name", name.text()},
-               {"model", name.model}, {"serial", name.serial},
-               {"colorType", color},  {"connection", connection},
-               {"package", package},  {"workingHours", hours},
-               {"activeLut", mode},   {"pendingRestore", left ? Json(*left) : Json(nullptr)}};
+  line.json = {{"number", number},
+               {"name", name.text()},
+               {"model", name.model},
+               {"serial", name.serial},
+               {"colorType", color},
+               {"connection", connection},
+               {"package", package},
+               {"workingHours", hours},
+               {"activeLut", mode},
+               {"runUnderWay", use.underWay},
+               {"pendingRestore", use.pending ? Json(*use.pending) : Json(nullptr)}};
   line.cells = {
       std::to_string(number), name.model,          name.serial, color, connection, package,
       std::to_string(hours),  std::to_string(mode)};
   return line;
+}
+
+void sayUses(Context& context, const std::vector<Candidate>& monitors) {
+  for (const Candidate& monitor : monitors) {
+    if (monitor.silence) continue;
+    const std::string sentence = MonitorUse::of(monitor.name).sentence(monitor.name);
+    if (!sentence.empty()) context.out().warn(sentence);
+  }
 }
 
 ExitCode list(Context& context) {
@@ -64,12 +78,7 @@ ExitCode list(Context& context) {
   }
   if (table.isEmpty()) context.out().note("No monitor is attached, or none that answers.");
   if (!table.isEmpty()) context.out().print(table.text());
-  for (const Candidate& monitor : found.names) {
-    if (monitor.silence) continue;
-    const MonitorName& name = monitor.name;
-    const auto left = ModeNote::read(name);
-    if (left) context.out().warn(ModeNote{name.text(), *left}.sentence());
-  }
+  sayUses(context, found.names);
   Json document = documentOf("list");
   document["monitors"] = monitors;
   context.out().document(document);

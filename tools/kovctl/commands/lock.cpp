@@ -2,12 +2,14 @@
 #include "commands/commands.h"
 #include "failure.h"
 #include "monitors/found_monitors.h"
+#include "monitors/run_lock.h"
 
 namespace kovctl {
 namespace {
 
-ExitCode lock(Context& context, const std::string& wanted, bool on) {
+ExitCode lockKeys(Context& context, const std::string& wanted, bool on) {
   const ChosenMonitor chosen = chooseMonitor(context, wanted);
+  const RunLock lock(chosen.name);
   if (!chosen.monitor.isKeyLockSupported()) {
     throw Failure(ExitCode::kUsage, "the keys of " + chosen.name.text() + " cannot be locked");
   }
@@ -37,7 +39,9 @@ void addLockCommand(CLI::App& program, Context& context) {
       ->required()
       ->check(CLI::IsMember({"on", "off"}));
   command->callback([&context, wanted, state] {
-    context.command = [&context, wanted, state] { return lock(context, *wanted, *state == "on"); };
+    context.command = [&context, wanted, state] {
+      return lockKeys(context, *wanted, *state == "on");
+    };
   });
 }
 

@@ -7,6 +7,7 @@
 #include "monitors/found_monitors.h"
 #include "monitors/mode_keeper.h"
 #include "monitors/mode_note.h"
+#include "monitors/run_lock.h"
 
 namespace kovctl {
 namespace {
@@ -22,6 +23,7 @@ ExitCode restore(Context& context, const std::string& wanted, std::optional<int>
   const ChosenMonitor chosen = chooseMonitor(context, wanted);
   early.reset();
   throwIfInterrupted();
+  const RunLock lock(chosen.name);
   const unsigned before = chosen.monitor.getCalModeValue();
   const unsigned mode = wantedMode(chosen, lut);
   const ModeResult result = activateMode(chosen.monitor, mode);

@@ -3,7 +3,7 @@
 
 #include "commands/commands.h"
 #include "monitors/found_monitors.h"
-#include "monitors/mode_note.h"
+#include "monitors/run_lock.h"
 #include "output/table.h"
 #include "run/stored_target.h"
 
@@ -36,7 +36,7 @@ struct Shown {
   std::size_t historyEntries;
   std::optional<TargetRequest> target;
   pocketjson::Value stored;  ///< the same as the monitor keeps it
-  std::optional<unsigned> left;
+  MonitorUse use;
   std::string lock;
 };
 
@@ -49,7 +49,7 @@ Shown ask(const ChosenMonitor& chosen) {
           monitor.getExtractCalibrationData().size(),
           storedTarget(monitor, static_cast<int>(mode)),
           monitor.getCalibrationTargetData(mode),
-          ModeNote::read(chosen.name),
+          MonitorUse::of(chosen.name),
           lockText(monitor)};
 }
 
@@ -90,7 +90,9 @@ Json documentOf(const Shown& shown) {
   document["activeLut"] = shown.mode;
   document["target"] = targetJson(shown.stored);
   document["historyEntries"] = shown.historyEntries;
-  document["pendingRestore"] = shown.left ? Json(*shown.left) : Json(nullptr);
+  const MonitorUse& use = shown.use;
+  document["runUnderWay"] = use.underWay;
+  document["pendingRestore"] = use.pending ? Json(*use.pending) : Json(nullptr);
   return document;
 }
 
@@ -98,7 +100,8 @@ ExitCode show(Context& context, const std::string& wanted) {
   const ChosenMonitor chosen = chooseMonitor(context, wanted);
   const Shown shown = ask(chosen);
   context.out().print(textOf(shown));
-  if (shown.left) context.out().warn(ModeNote{chosen.name.text(), *shown.left}.sentence());
+  const std::string sentence = shown.use.sentence(chosen.name);
+  if (!sentence.empty()) context.out().warn(sentence);
   context.out().document(documentOf(shown));
   return ExitCode::kOk;
 }

@@ -146,20 +146,43 @@ void checkVendorLibraries(CheckList& list) {
                {"Colour_tmp2xy"});
 }
 
+// As much as a note takes: a full disk may have room for an empty file.
+void checkStateFolder(CheckList& list) {
+  constexpr const char* kId = "state-folder";
+  constexpr const char* kTitle = "Folder for notes of runs";
+  const std::string folder = sys::stateFolder();
+  const std::string file = folder + "/doctor.try";
+  try {
+    sys::makeFolder(folder);
+    sys::writeWhole(file, std::string(64, '\n'));
+    sys::removeFile(file);
+    list.ok(kId, kTitle, folder);
+  } catch (const std::runtime_error& reason) {
+    list.warn(kId, kTitle, std::string("cannot be written to: ") + reason.what(),
+              "let this user write there, and make room: without it a run that is killed leaves no "
+              "trace of what was active before, and runs are not kept apart");
+  }
+}
+
 void checkModeNotes(CheckList& list) {
   constexpr const char* kId = "unfinished-runs";
   constexpr const char* kTitle = "Unfinished runs";
   std::string found;
   std::string remedy;
+  std::string underWay;
   for (const ModeNote& note : ModeNote::all()) {
+    if (note.underWay) {
+      underWay += ", " + note.monitor + ": a run is under way";
+      continue;
+    }
     found += (found.empty() ? "" : ", ") + note.monitor + ": look-up table " +
              std::to_string(note.mode) + " was active before";
     remedy += (remedy.empty() ? "" : ", ") + ("kovctl restore -m " + note.monitor);
   }
   if (found.empty()) {
-    list.ok(kId, kTitle, "none that has not been put right");
+    list.ok(kId, kTitle, "none that has not been put right" + underWay);
   } else {
-    list.warn(kId, kTitle, found, remedy);
+    list.warn(kId, kTitle, found + underWay, remedy);
   }
 }
 
@@ -170,6 +193,7 @@ void checkFiles(CheckList& list, const PluginLayout& layout) {
   checkNameTable(list, layout);
   checkVendorLibraries(list);
   checkJavaOptions(list);
+  checkStateFolder(list);
   checkModeNotes(list);
 }
 

@@ -13,6 +13,8 @@ void checkRuntime(CheckList& list, const PluginLayout& layout);
 void checkJars(CheckList& list, const PluginLayout& layout);
 void checkNameTable(CheckList& list, const PluginLayout& layout);
 void checkVendorLibraries(CheckList& list);
+/// Where runs leave their notes and locks.
+void checkStateFolder(CheckList& list);
 /// Monitors that a killed run has left in another state than it found them in.
 void checkModeNotes(CheckList& list);
 /// What the environment tells Java.

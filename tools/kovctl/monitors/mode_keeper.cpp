@@ -33,28 +33,35 @@ ModeKeeper::ModeKeeper(const lumora::Monitor& watched, const MonitorName& name)
       found(watched.getCalModeValue()),
       pendingMode(ModeNote::read(name)) {}
 
-void ModeKeeper::arm() {
-  armed = true;
+std::optional<std::string> ModeKeeper::arm() {
+  done = Change::kUnderWay;
   // What a killed run has left stays: it is the older state.
-  if (pendingMode) return;
+  if (pendingMode) return std::nullopt;
   try {
     ModeNote::write(monitorName, mode());
-  } catch (const std::exception&) {
-    // Only a run that is killed would need it.
+    return std::nullopt;
+  } catch (const std::exception& reason) {
+    return reason.what();
   }
 }
 
 ModeResult ModeKeeper::restore() {
   const ModeResult result = activateMode(monitor, mode());
-  if (result.restored) release(mode());
+  if (!result.restored) return result;
+  settle(mode());
+  done = Change::kPutBack;
   return result;
 }
 
 // Kept: a killed run's note that says another table stays, whatever this run came to. Only that
 // table's return, or a table that a user names to "kovctl restore", settles it.
-void ModeKeeper::release(unsigned active) {
-  armed = false;
+void ModeKeeper::settle(unsigned active) {
   if (!pendingMode || *pendingMode == active) ModeNote::remove(monitorName);
+}
+
+void ModeKeeper::release(unsigned active) {
+  settle(active);
+  done = Change::kKept;
 }
 
 }  // namespace kovctl

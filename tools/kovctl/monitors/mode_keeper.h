@@ -4,6 +4,7 @@
 
 #include <l5kov.h>
 
+#include <atomic>
 #include <optional>
 #include <string>
 
@@ -36,20 +37,27 @@ class ModeKeeper {
   /// What a run that was killed has left, if anything.
   std::optional<unsigned> pending() const { return pendingMode; }
 
-  /// From here on the monitor is changed.
-  void arm();
+  /// What a run has done to its monitor.
+  enum class Change { kNone, kUnderWay, kPutBack, kKept };
+  /// Any thread.
+  Change change() const { return done; }
+
+  /// From here on the monitor is changed. Why no note of it could be left, if so.
+  std::optional<std::string> arm();
   /// Whether it has been, and has neither been put back nor released since.
-  bool isArmed() const { return armed; }
+  bool isArmed() const { return done == Change::kUnderWay; }
   ModeResult restore();
   /// The run has ended in order with that table active; nothing needs to be put back.
   void release(unsigned active);
 
  private:
+  void settle(unsigned active);
+
   lumora::Monitor monitor;
   MonitorName monitorName;
   unsigned found;
   std::optional<unsigned> pendingMode;
-  bool armed = false;
+  std::atomic<Change> done{Change::kNone};
 };
 
 }  // namespace kovctl

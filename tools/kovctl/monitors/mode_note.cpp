@@ -7,6 +7,7 @@
 #include <charconv>
 #include <filesystem>
 
+#include "system/file_lock.h"
 #include "system/files.h"
 #include "system/utf8_path.h"
 
@@ -14,16 +15,17 @@ namespace kovctl {
 namespace {
 
 constexpr const char* kEnding = ".mode";
+constexpr const char* kLockEnding = ".lock";
 
 // Names come from monitors; a file name takes only what is harmless.
-std::string fileOf(const MonitorName& name) {
+std::string fileOf(const MonitorName& name, const char* ending) {
   std::string file = name.model + "-" + name.serial;
   for (char& c : file) {
     const bool harmless = (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') ||
                           (c >= 'a' && c <= 'z') || c == '-' || c == '_';
     if (!harmless) c = '_';
   }
-  return sys::stateFolder() + "/" + file + kEnding;
+  return sys::stateFolder() + "/" + file + ending;
 }
 
 // The mode, and on a line of its own the monitor's name.
@@ -47,18 +49,20 @@ std::string ModeNote::sentence() const {
       monitor, mode, monitor);
 }
 
+std::string ModeNote::lockFileOf(const MonitorName& name) { return fileOf(name, kLockEnding); }
+
 std::optional<unsigned> ModeNote::read(const MonitorName& name) {
-  const auto note = parse(sys::readWhole(fileOf(name)));
+  const auto note = parse(sys::readWhole(fileOf(name, kEnding)));
   if (!note) return std::nullopt;
   return note->mode;
 }
 
 void ModeNote::write(const MonitorName& name, unsigned mode) {
   sys::makeFolder(sys::stateFolder());
-  sys::writeWhole(fileOf(name), fmt::format("{}\n{}\n", mode, name.text()));
+  sys::writeWhole(fileOf(name, kEnding), fmt::format("{}\n{}\n", mode, name.text()));
 }
 
-void ModeNote::remove(const MonitorName& name) { sys::removeFile(fileOf(name)); }
+void ModeNote::remove(const MonitorName& name) { sys::removeFile(fileOf(name, kEnding)); }
 
 std::vector<ModeNote> ModeNote::all() {
   const std::string folder = sys::stateFolder();
@@ -67,7 +71,10 @@ std::vector<ModeNote> ModeNote::all() {
   for (const auto& entry : std::filesystem::directory_iterator(sys::pathOf(folder), unreadable)) {
     if (entry.path().extension() != kEnding) continue;
     auto note = parse(sys::readWhole(sys::textOf(entry.path())));
-    if (note) notes.push_back(std::move(*note));
+    if (!note) continue;
+    auto lock = entry.path();
+    note->underWay = sys::FileLock::isHeld(sys::textOf(lock.replace_extension(kLockEnding)));
+    notes.push_back(std::move(*note));
   }
   std::sort(notes.begin(), notes.end(),
             [](const ModeNote& a, const ModeNote& b) { return a.monitor < b.monitor; });

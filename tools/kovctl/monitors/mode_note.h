@@ -15,9 +15,13 @@ namespace kovctl {
 struct ModeNote {
   std::string monitor;  ///< "MODEL:SERIAL"
   unsigned mode = 0;
+  bool underWay = false;  ///< the run holds its lock still
 
-  /// For people, with the way out.
+  /// For people, with the way out; of a run that has ended.
   std::string sentence() const;
+
+  /// Beside the note, and held as long as the run lasts.
+  static std::string lockFileOf(const MonitorName& name);
 
   static std::optional<unsigned> read(const MonitorName& name);
   /// @throws std::runtime_error

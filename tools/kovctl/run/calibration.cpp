@@ -8,6 +8,7 @@
 #include "cli/early_interrupt.h"
 #include "monitors/java_start.h"
 #include "record/patch_roles.h"
+#include "run/arming.h"
 #include "run/cancel_watch.h"
 #include "run/check_measurement.h"
 #include "run/known_tables.h"
@@ -35,7 +36,9 @@ Calibration::Calibration(Context& hostContext, const RunOptions& runOptions,
       options(runOptions),
       request(wanted),
       chosen(monitor),
+      lock(monitor.name),
       keeper(monitor.monitor, monitor.name),
+      lastInterrupt(hostContext, keeper, monitor.name),
       // Kept: after a run that was killed, the table that was active before it and not the one that
       // it happened to leave: that is the one people see and mean. Refusing would leave a monitor
       // that is calibrated by a script every morning uncalibrated.
@@ -92,7 +95,7 @@ void Calibration::prepare() {
 }
 
 OmError Calibration::execute() {
-  keeper.arm();
+  armRun(context, record, keeper, lock);
   event(fmt::format("calibration of look-up table {} begins; table {} was active", lut,
                     keeper.active()));
   progress.begin(fmt::format("Calibrating {}", chosen.name.text()), "calibration", std::nullopt);

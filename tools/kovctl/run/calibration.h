@@ -7,7 +7,9 @@
 #include "cli/context.h"
 #include "monitors/found_monitors.h"
 #include "monitors/mode_keeper.h"
+#include "monitors/run_lock.h"
 #include "output/progress.h"
+#include "run/last_interrupt.h"
 #include "run/measuring_delegate.h"
 #include "run/measuring_station.h"
 #include "run/run_options.h"
@@ -41,7 +43,9 @@ class Calibration {
   const RunOptions& options;
   const TargetRequest& request;
   ChosenMonitor chosen;
+  RunLock lock;
   ModeKeeper keeper;
+  LastInterrupt lastInterrupt;
   int lut;
   RunClock clock;
   Progress progress;

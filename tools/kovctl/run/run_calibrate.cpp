@@ -3,6 +3,7 @@
 #include "failure.h"
 #include "metrics/limits.h"
 #include "run/calibration.h"
+#include "run/measuring_station.h"
 #include "run/run.h"
 #include "run/run_files.h"
 #include "target/target_request.h"
@@ -23,6 +24,7 @@ void checkLimits(const RunOptions& options) {
 ExitCode calibrate(Context& context, const RunOptions& options) {
   checkLimits(options);
   const TargetRequest request = makeTarget(options.target);
+  chooseInstrument(options.instrument, options.screen);
   checkRunFiles(options);
   std::optional<EarlyInterrupt> early(context);
   const ChosenMonitor chosen = chooseMonitor(context, options.monitor);

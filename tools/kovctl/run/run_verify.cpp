@@ -6,7 +6,10 @@
 #include "monitors/found_monitors.h"
 #include "monitors/java_start.h"
 #include "monitors/mode_keeper.h"
+#include "monitors/run_lock.h"
+#include "run/arming.h"
 #include "run/check_measurement.h"
+#include "run/last_interrupt.h"
 #include "run/record_start.h"
 #include "run/run.h"
 #include "run/run_end.h"
@@ -80,14 +83,17 @@ ExitCode verify(Context& context, const RunOptions& options) {
   checkLimits(options);
   // What makes no sense is said before anything is searched for.
   readTarget(options.target, defaultTarget());
+  chooseInstrument(options.instrument, options.screen);
   checkRunFiles(options);
   std::optional<EarlyInterrupt> early(context);
   const ChosenMonitor chosen = chooseMonitor(context, options.monitor);
+  const RunLock lock(chosen.name);
   ModeKeeper keeper(chosen.monitor, chosen.name);
   const int lut = options.lut.value_or(static_cast<int>(keeper.mode()));
   const auto [request, warning] = targetToVerify(options.target, chosen.monitor, lut);
   early.reset();
   throwIfInterrupted();
+  const LastInterrupt lastInterrupt(context, keeper, chosen.name);
   MeasuringStation station(context, options.instrument, options.screen, chosen.name.serial);
   RunRecord record =
       startRecord(RunKind::kVerify, chosen, lut, request, options, station.instrument().info());
@@ -99,7 +105,7 @@ ExitCode verify(Context& context, const RunOptions& options) {
       keeper.active() != static_cast<unsigned>(lut) || keeper.active() != keeper.mode();
   ExitCode code = ExitCode::kOk;
   if (switched) {
-    keeper.arm();
+    armRun(context, record, keeper, lock);
     const ModeResult active = activateMode(chosen.monitor, static_cast<unsigned>(lut));
     if (!active.restored) {
       context.out().error(active.sentence);

@@ -37,8 +37,9 @@ void prepareStandardStreams() {
 }
 
 Written write(Stream stream, std::string_view text) {
-  static std::mutex mutex;
-  const std::lock_guard lock(mutex);
+  // One each: output that nobody reads must not keep errors from being said.
+  static std::mutex mutexes[3];
+  const std::lock_guard lock(mutexes[static_cast<int>(stream)]);
   while (!text.empty()) {
     const ssize_t count = ::write(numberOf(stream), text.data(), text.size());
     if (count >= 0) {

@@ -68,8 +68,9 @@ void prepareStandardStreams() {
 }
 
 Written write(Stream stream, std::string_view text) {
-  static std::mutex mutex;
-  const std::lock_guard lock(mutex);
+  // One each: output that nobody reads must not keep errors from being said.
+  static std::mutex mutexes[3];
+  const std::lock_guard lock(mutexes[static_cast<int>(stream)]);
   const HANDLE handle = handleOf(stream);
   if (isConsole(handle)) return writeToConsole(handle, text) ? Written::kAll : Written::kFailed;
   while (!text.empty()) {
