@@ -44,7 +44,8 @@ class Busy(KovctlTest):
         self.assertIn(UNDER_WAY, result.err)
         self.assertIn(UNDER_WAY, self.run_kovctl("show", "-m", COLOUR).err)
         self.run_kovctl("history", "-m", COLOUR)
-        checks = {check["id"]: check for check in self.run_kovctl("doctor", "--json").json["checks"]}
+        doctor = schemas.check(self.run_kovctl("doctor", "--json").json)
+        checks = {check["id"]: check for check in doctor["checks"]}
         self.assertEqual(checks["unfinished-runs"]["state"], "ok")
         self.assertIn(f"{COLOUR}: a run is under way", checks["unfinished-runs"]["found"])
         self.assertNotIn("killed", result.err)
