@@ -7,8 +7,6 @@
 // owns the first of them, and the first place (element or member) of each owns the next. What had
 // been in that first place is dealt with before its container is queued. When a container's turn
 // comes, all its places are emptied and its own destructor finds nothing to go down into.
-//
-// Two levels, which is what hosts mostly make, are left to the destructors: they end there.
 #include <utility>
 
 #include "pocketjson/container.h"
@@ -40,21 +38,6 @@ bool hasNested(const Members& members) noexcept {
 // The steps of it, with access to the inside of a value.
 class Burial {
  public:
-  // Whether the destructors could go down more than one level. Whoever else has a share of what is
-  // in it: the other shares may be in this very container.
-  static bool isDeep(Value::Type kind, Value::AbstractContainer* unowned) noexcept {
-    if (kind == Value::Array) {
-      for (const Value& element : static_cast<Value::Container<Elements>*>(unowned)->held) {
-        if (goesDown(element)) return true;
-      }
-    } else if (kind == Value::Object) {
-      for (const auto& [name, member] : static_cast<Value::Container<Members>*>(unowned)->held) {
-        if (goesDown(member)) return true;
-      }
-    }
-    return false;
-  }
-
   // Takes over a container that nobody owns any more.
   static void run(Value::Type kind, Value::AbstractContainer* unowned) noexcept {
     unowned->refCount = 1;
@@ -76,16 +59,12 @@ class Burial {
                                       : &owner.held<Elements>().front();
   }
 
-  // Whether the place has a container with others in it.
-  static bool goesDown(const Value& place) noexcept {
-    if (!isNested(place) || place.container() == nullptr) return false;
-    return place.tag == Value::Object ? hasNested(place.held<Members>())
-                                      : hasNested(place.held<Elements>());
-  }
   // Whether the place owns the last share of a container that cannot be destroyed at once.
   static bool mustWait(const Value& place) noexcept {
-    return isNested(place) && place.container() != nullptr &&
-           place.payload.container->refCount == 1 && goesDown(place);
+    if (!isNested(place) || place.container() == nullptr) return false;
+    if (place.payload.container->refCount != 1) return false;
+    return place.tag == Value::Object ? hasNested(place.held<Members>())
+                                      : hasNested(place.held<Elements>());
   }
 
   static void empty(Value& place, Value& waiting) noexcept {
@@ -114,10 +93,10 @@ class Burial {
 };
 
 void Value::destroyContainer(Type kind, AbstractContainer* unowned) noexcept {
-  if (Burial::isDeep(kind, unowned)) {
-    Burial::run(kind, unowned);
-  } else {
+  if (kind == String) {
     delete unowned;
+  } else {
+    Burial::run(kind, unowned);
   }
 }
 
