@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "tests/windows/thread_ends.h"
+#include "tests/windows/wine_fls_lock.h"
 
 namespace {
 
@@ -84,7 +85,9 @@ int main(int count, char** arguments) {
     if (!javaFails()) std::printf("wrong: there is a virtual machine\n");
     return endProcess(how);
   }
+  wine_fls_lock::before();
   findMonitors();
+  wine_fls_lock::after();
   if (how == "threads") return endThreads(monitors().at(0), ThreadEnds::kPlain);
   if (how == "threads-released") return endThreads(monitors().at(0), ThreadEnds::kReleased);
   if (how == "threads-alone") return endThreads(monitors().at(0), ThreadEnds::kAlone);

@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+#include "tests/windows/wine_fls_lock.h"
+
 namespace {
 
 constexpr int kThreads = 1000;
@@ -71,14 +73,15 @@ class Meanwhile {
 };
 
 // Gives the number of threads that got an answer.
-int askAndEnd(const lumora::Monitor& monitor, bool release) {
+int askAndEnd(const lumora::Monitor& monitor, ThreadEnds how) {
   std::atomic<int> answered{0};
   for (int i = 0; i < kThreads / kAtOnce; ++i) {
     std::vector<std::thread> threads;
     for (int k = 0; k < kAtOnce; ++k) {
       threads.emplace_back([&] {
+        if (how == ThreadEnds::kPlain) wine_fls_lock::avoidOnThisThread();
         if (!monitor.getModelName().empty()) ++answered;
-        if (release) lumora::kov::java::DeleteJavaVM();
+        if (how == ThreadEnds::kReleased) lumora::kov::java::DeleteJavaVM();
       });
     }
     for (std::thread& thread : threads) thread.join();
@@ -91,9 +94,10 @@ int askAndEnd(const lumora::Monitor& monitor, bool release) {
 int endThreads(const lumora::Monitor& monitor, ThreadEnds how) {
   const bool startThreads = how != ThreadEnds::kAlone;
   Meanwhile meanwhile(startThreads);
-  const int answered = askAndEnd(monitor, how == ThreadEnds::kReleased);
+  const int answered = askAndEnd(monitor, how);
   const int started = meanwhile.stop();
   std::printf("%d threads answered, %d Java threads came and went\n", answered, started);
+  if (how == ThreadEnds::kPlain && !wine_fls_lock::avoided()) std::printf("wrong: Wine's lock\n");
   if (answered == kThreads && (!startThreads || started >= kJavaThreads)) return 0;
   std::printf("wrong: too few\n");
   return 1;

@@ -6,7 +6,7 @@
 
 /// How 1,000 threads end that have attached and asked the monitor for its name, ten at a time.
 enum class ThreadEnds {
-  kPlain,     ///< while Java threads start and stop
+  kPlain,     ///< while Java threads start and stop; see wine_fls_lock.h
   kReleased,  ///< the same, each after DeleteJavaVM(), as docs/windows.md advises
   kAlone      ///< while another thread searches for monitors; Java starts no thread
 };
