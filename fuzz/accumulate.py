@@ -2,9 +2,10 @@
 # SPDX-License-Identifier: MIT
 """Runs the fuzz targets of a folder at low priority until each has had its processor time.
 
-  fuzz/accumulate.py FOLDER [--hours 1] [--round 300] [--beside 2] [--log FILE]
+  fuzz/accumulate.py FOLDER [--hours 1] [--round 300] [--beside 2] [--nice 19] [--log FILE] [TARGET...]
 
 FOLDER  built by build.sh; new inputs go to FOLDER/corpus/TARGET
+TARGET  those to run; all by default
 
 The targets that have had the least time so far run next, so that all gain evenly and the program can
 be ended and started again at any moment: FOLDER/accumulated.csv keeps one line for each round
@@ -62,13 +63,13 @@ def options_of(kept, target):
         line for line in lines if not line.startswith("#")]
 
 
-def start(folder, kept, target, seconds):
+def start(folder, kept, target, seconds, niceness):
     corpus = folder / "corpus" / target
     corpus.mkdir(parents=True, exist_ok=True)
     log = folder / f"{target}.round.log"
     process = os.fork()
     if process == 0:
-        os.nice(19)
+        os.nice(niceness)
         os.chdir(folder)
         out = os.open(log, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644)
         os.dup2(out, 1)
@@ -97,23 +98,26 @@ def table(rounds, targets):
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("folder", type=pathlib.Path)
+    parser.add_argument("target", nargs="*")
     parser.add_argument("--hours", type=float, default=1.0, help="of processor time for each target")
     parser.add_argument("--round", type=int, default=300, help="seconds of one run")
     parser.add_argument("--beside", type=int, default=2, help="targets at the same time")
+    parser.add_argument("--nice", type=int, default=19, help="how far behind other programs")
     parser.add_argument("--log", type=pathlib.Path)
     parser.add_argument("--table", action="store_true", help="print what there is and end")
-    given = parser.parse_args()
+    given = parser.parse_intermixed_args()
     folder, kept = given.folder.resolve(), pathlib.Path(__file__).resolve().parent / "corpus"
     rounds = Rounds(given.log or folder / "accumulated.csv")
     running = {}
     while not given.table:
         busy = {entry[0] for entry in running.values()}
-        waiting = [t for t in targets_of(folder, kept) if t not in busy and not rounds.crashed(t)
+        waiting = [t for t in given.target or targets_of(folder, kept)
+                   if t not in busy and not rounds.crashed(t)
                    and rounds.seconds(t) < 3600 * given.hours]
         while waiting and len(running) < given.beside:
             target = min(waiting, key=rounds.seconds)
             waiting.remove(target)
-            process, log, begun = start(folder, kept, target, given.round)
+            process, log, begun = start(folder, kept, target, given.round, given.nice)
             running[process] = (target, log, begun)
         if not running:
             break
