@@ -25,7 +25,7 @@ const std::map<std::string, std::string>& fixedWords() {
       {"--lmin", "measured"},
       {"--ambient", "off"},
       {"--display", "fullscreen"},
-      {"--points", "52 18 0"},
+      {"--points", "52 18"},  // 0, which only calibrate knows, is left out
       {"--limits", limitsNames()},
   };
   return words;
