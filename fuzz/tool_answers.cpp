@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 // What icclu and spotread print, against plainer second readers.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -51,16 +53,35 @@ void checkIcclu(const std::string& text) {
   for (std::size_t i = 0; i < 3; ++i) require((*read)[i] == plain[i], "a number");
 }
 
+// The three numbers behind "Result is XYZ:", up to the comma before the next colour space. `tiny`: one
+// of them is below the smallest number, which is read as zero or refused.
+std::optional<std::array<double, 3>> plainResult(const std::string& text, bool& tiny) {
+  const std::string mark = "Result is XYZ:";
+  const std::size_t at = text.find(mark);
+  if (at == std::string::npos) return std::nullopt;
+  const std::string behind = text.substr(at + mark.size());
+  bool complete = false;
+  const auto numbers = numbersOf(behind.substr(0, behind.find(',')), complete);
+  if (numbers.size() < 3) return std::nullopt;
+  tiny = std::count(numbers.begin(), numbers.begin() + 3, 0.0) > 0;
+  return std::array<double, 3>{numbers[0], numbers[1], numbers[2]};
+}
+
 void checkSpotread(const std::string& text) {
   const auto reading = kovctl::parseSpotread(text);
-  const bool hasResult = text.find("Result is XYZ:") != std::string::npos;
-  require(hasResult || !reading, "a reading without a result");
+  bool tiny = false;
+  const auto plain = plainResult(text, tiny);
+  require(plain || !reading, "a reading without a result");
+  require(reading || tiny || !plain, "a result without a reading");
   if (!reading) return;
-  require(std::isfinite(reading->luminance), "a luminance");
-  if (!reading->chromaticity) return;
-  require(std::isfinite(reading->chromaticity->x) && std::isfinite(reading->chromaticity->y) &&
-              reading->chromaticity->x >= 0.0 && reading->chromaticity->y >= 0.0,
-          "a colour");
+  const auto [x, y, z] = *plain;
+  require(reading->luminance == y, "the luminance is the second number");
+  const double sum = x + y + z;
+  const auto isShare = [sum](double part) { return part / sum >= 0.0 && part / sum <= 1.0; };
+  const bool isLight = sum > 0.0 && isShare(x) && isShare(y);
+  require(reading->chromaticity.has_value() == isLight, "a colour of light only");
+  if (!isLight) return;
+  require(reading->chromaticity->x == x / sum && reading->chromaticity->y == y / sum, "a colour");
 }
 
 void checkLastLine(const std::string& text) {
