@@ -53,8 +53,8 @@ void checkIcclu(const std::string& text) {
   for (std::size_t i = 0; i < 3; ++i) require((*read)[i] == plain[i], "a number");
 }
 
-// The three numbers behind "Result is XYZ:", up to the comma before the next colour space. `tiny`: one
-// of them is below the smallest number, which is read as zero or refused.
+// The three numbers behind "Result is XYZ:", up to the comma before the next colour space. `tiny`:
+// one of them is below the smallest number, which is read as zero or refused.
 std::optional<std::array<double, 3>> plainResult(const std::string& text, bool& tiny) {
   const std::string mark = "Result is XYZ:";
   const std::size_t at = text.find(mark);

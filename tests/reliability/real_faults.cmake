@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# reliability_real_faults: the library over the Java runtime that builds it, with the simulator.
+# The library over the Java runtime that builds it, with the simulator.
 set(classes ${CMAKE_CURRENT_BINARY_DIR}/classes)
 set(planted ${CMAKE_CURRENT_BINARY_DIR}/planted)
 set(throwing ${CMAKE_CURRENT_BINARY_DIR}/throwing.jar)
@@ -17,33 +17,36 @@ add_custom_target(reliability_jars DEPENDS ${throwing})
 get_filename_component(home ${L5KOV_JAVAC} REALPATH)
 get_filename_component(home ${home}/../.. ABSOLUTE)
 set(root ${CMAKE_CURRENT_BINARY_DIR}/appdata)
-add_executable(reliability_real_faults
-  real_faults_test.cpp
-  ${PROJECT_SOURCE_DIR}/tests/real/support.cpp
-  ${PROJECT_SOURCE_DIR}/tests/real/system_posix.cpp)
-target_include_directories(reliability_real_faults PRIVATE ${PROJECT_SOURCE_DIR})
+# reliability_add_real(NAME SOURCE LIBRARY): a program over that runtime
+function(reliability_add_real name source library)
+  add_executable(${name}
+    ${source}
+    ${PROJECT_SOURCE_DIR}/tests/real/support.cpp
+    ${PROJECT_SOURCE_DIR}/tests/real/system_posix.cpp)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE
+    l5kov_options ${library} l5kov_jni meter_x64 chroma_x64 GTest::gtest ${CMAKE_DL_LIBS})
+  target_link_options(${name} PRIVATE -Wl,--no-as-needed)
+endfunction()
+
+reliability_add_real(reliability_real_faults real_faults_test.cpp l5kov::l5kov)
 target_compile_definitions(reliability_real_faults PRIVATE
   L5KOV_TEST_THROWING_JAR="${throwing}" L5KOV_TEST_PLANTED_FOLDER="${planted}")
-target_link_libraries(reliability_real_faults PRIVATE
-  l5kov_options l5kov::l5kov l5kov_jni meter_x64 chroma_x64 GTest::gtest GTest::gtest_main
-  ${CMAKE_DL_LIBS})
-target_link_options(reliability_real_faults PRIVATE -Wl,--no-as-needed)
 add_dependencies(reliability_real_faults simulator reliability_jars)
 add_custom_command(TARGET reliability_real_faults POST_BUILD
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${root}
   COMMAND ${CMAKE_COMMAND} -DROOT=${root} -DJAVA_HOME=${home} -DSIMULATOR_DIR=${L5KOV_SIMULATOR_DIR}
           -P ${PROJECT_SOURCE_DIR}/simulator/layout.cmake
   VERBATIM)
-gtest_discover_tests(reliability_real_faults DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180
-  ENVIRONMENT "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${L5KOV_SIMULATOR_DIR}")
+reliability_add_real(reliability_real_cancel real_cancel_test.cpp l5kov_stepclock)
+add_dependencies(reliability_real_cancel reliability_real_faults)
+foreach(name reliability_real_faults reliability_real_cancel)
+  target_link_libraries(${name} PRIVATE GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180
+    ENVIRONMENT "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${L5KOV_SIMULATOR_DIR}")
+endforeach()
 
 # reliability_long_run: no test of its own; tools/reliability/run.sh says how long it is to run.
-add_executable(reliability_long_run EXCLUDE_FROM_ALL
-  long_run.cpp
-  ${PROJECT_SOURCE_DIR}/tests/real/support.cpp
-  ${PROJECT_SOURCE_DIR}/tests/real/system_posix.cpp)
-target_include_directories(reliability_long_run PRIVATE ${PROJECT_SOURCE_DIR})
-target_link_libraries(reliability_long_run PRIVATE
-  l5kov_options l5kov::l5kov l5kov_jni meter_x64 chroma_x64 GTest::gtest ${CMAKE_DL_LIBS})
-target_link_options(reliability_long_run PRIVATE -Wl,--no-as-needed)
+reliability_add_real(reliability_long_run long_run.cpp l5kov::l5kov)
+set_target_properties(reliability_long_run PROPERTIES EXCLUDE_FROM_ALL ON)
 add_dependencies(reliability_long_run reliability_real_faults)
