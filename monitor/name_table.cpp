@@ -3,9 +3,6 @@
 
 #include <tinyxml2.h>
 
-#include <cstdio>
-#include <cstring>
-#include <memory>
 #include <new>
 
 #include "java/plugin_paths.h"
@@ -33,10 +30,6 @@ bool lists(const XMLElement& package, const std::string& model) {
   return false;
 }
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 }  // namespace
 
 std::string nameTablePath() {
@@ -45,11 +38,12 @@ std::string nameTablePath() {
 }
 
 std::string packageOfModel(const std::string& model) try {
-  // Opened by the platform: tinyxml2 would take the name in the ANSI code page on Windows.
-  const std::unique_ptr<std::FILE, CloseFile> file(platform::openFile(nameTablePath()));
-  if (file == nullptr) return kNoPackage;
+  // Read by the platform: tinyxml2 would take the name in the ANSI code page on Windows.
+  const auto file = platform::readFile(nameTablePath());
+  if (!file) return kNoPackage;
+  // Not its LoadFile(), which keeps what it has understood of a file that goes wrong further on.
   tinyxml2::XMLDocument document;
-  document.LoadFile(file.get());  // a failure leaves the document empty
+  if (document.Parse(file->data.get(), file->size) != tinyxml2::XML_SUCCESS) return kNoPackage;
   const XMLElement* root = document.FirstChildElement("KovMonitorName");
   if (root == nullptr) return kNoPackage;
   // Kept: the last entry of a model wins, so hosts can append corrections. Hence from the end.

@@ -2,7 +2,9 @@
 #ifndef L5KOV_PLATFORM_PLATFORM_H_
 #define L5KOV_PLATFORM_PLATFORM_H_
 
-#include <cstdio>
+#include <cstddef>
+#include <memory>
+#include <optional>
 #include <string>
 
 // The one boundary to the operating system. One folder per system implements it; whoever ports the
@@ -38,9 +40,16 @@ void freeRuntimeLibrary(RuntimeLibrary library) noexcept;
 /// A start-up option of the virtual machine in the system's own form.
 std::string runtimeOption(const std::string& option);
 
-/// Opens a regular file for reading in binary mode, or gives null: also for a folder, a pipe or a
-/// device, and without waiting for any of them. The caller closes it with std::fclose.
-std::FILE* openFile(const std::string& path);
+/// A file's content.
+struct FileBytes {
+  std::unique_ptr<char[]> data;
+  std::size_t size = 0;
+};
+
+/// A regular file as it is, as long as it was when it was opened. Nothing for a folder, a pipe or a
+/// device, without waiting for any of them, for what cannot be read, and for a file that gets
+/// shorter meanwhile. Throws std::bad_alloc where the content does not fit into the memory.
+std::optional<FileBytes> readFile(const std::string& path);
 
 /// What the library keeps for each thread: pointers, null at first. They can be read and set until
 /// the thread is gone, also while its own objects are being destroyed. Setting throws

@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include <dlfcn.h>
 #include <link.h>
-#include <sys/stat.h>
 
 #include <algorithm>
-#include <cstdint>
-#include <memory>
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
 #include "platform/platform.h"
 #include "platform/posix/native_path.h"
+#include "platform/posix/regular_file.h"
 
 namespace lumora::platform {
 namespace {
@@ -29,26 +28,17 @@ std::string nativeLibraryPath(const std::string& path) {
   return native;
 }
 
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 // Whether the file holds all that its program headers tell the loader to map. The loader itself
 // does not look: it would map what is not there and the process would end with SIGBUS.
 bool isWhole(const std::string& path) {
-  const std::unique_ptr<std::FILE, CloseFile> file(openFile(path));
-  struct stat status = {};
+  const posix::RegularFile file(path);
+  const std::size_t size = file.size();
   ElfW(Ehdr) header = {};
-  if (file == nullptr || ::fstat(::fileno(file.get()), &status) != 0) return false;
-  if (std::fread(&header, sizeof header, 1, file.get()) != 1) return false;
-  const auto size = static_cast<std::uint64_t>(status.st_size);
+  if (!file.isOpen() || !file.read(&header, sizeof header)) return false;
   // A file of another kind is the loader's to refuse.
   if (header.e_phentsize != sizeof(ElfW(Phdr)) || header.e_phoff > size) return true;
   std::vector<ElfW(Phdr)> parts(header.e_phnum);
-  if (std::fseek(file.get(), static_cast<long>(header.e_phoff), SEEK_SET) != 0) return false;
-  if (std::fread(parts.data(), sizeof(ElfW(Phdr)), parts.size(), file.get()) != parts.size()) {
-    return false;
-  }
+  if (!file.read(parts.data(), parts.size() * sizeof(ElfW(Phdr)), header.e_phoff)) return false;
   return std::all_of(parts.begin(), parts.end(), [size](const ElfW(Phdr) & part) {
     return part.p_type != PT_LOAD ||
            (part.p_filesz <= size && part.p_offset <= size - part.p_filesz);

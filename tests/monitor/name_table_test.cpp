@@ -162,6 +162,33 @@ TEST_F(NameTable, MalformedFileGivesNoPackageForEveryModel) {
   }
 }
 
+// The table itself is whole.
+TEST_F(NameTable, ErrorBehindTheTableGivesNoPackage) {
+  const std::string good = table(package("Alpha", model("L5-X240")));
+  for (const char* rest : {"<x", "<x><y></x>", "<!-- ", "<![CDATA["}) {
+    write(good + rest);
+    EXPECT_EQ(packageOf("L5-X240"), "noPackage") << rest;
+  }
+  write(good + "<x/><!-- -->\n");
+  EXPECT_EQ(packageOf("L5-X240"), "Alpha") << "what follows is in order";
+}
+
+TEST_F(NameTable, FileWithoutAnElementGivesNoPackage) {
+  for (const char* text : {"", " \n", "\xEF\xBB\xBF", "<!-- nothing -->"}) {
+    write(text);
+    EXPECT_EQ(packageOf("L5-X240"), "noPackage") << text;
+  }
+}
+
+// As a C text: whatever follows has never been looked at.
+TEST_F(NameTable, FileEndsAtItsFirstNul) {
+  const std::string good = table(package("Alpha", model("L5-X240")));
+  write(good + std::string(1, '\0') + "<x");
+  EXPECT_EQ(packageOf("L5-X240"), "Alpha");
+  write(good.substr(0, 60) + std::string(1, '\0') + good.substr(60));
+  EXPECT_EQ(packageOf("L5-X240"), "noPackage");
+}
+
 TEST_F(NameTable, TooDeeplyNestedFileGivesNoPackage) {
   std::string deep;
   for (int i = 0; i < 100000; ++i) deep += "<a>";

@@ -8,7 +8,8 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <memory>
+#include <optional>
+#include <string>
 #include <thread>
 
 #include "platform/windows/encoding.h"
@@ -41,8 +42,12 @@ std::string utf8(const fs::path& path) {
   return {text.begin(), text.end()};
 }
 
-using File = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
-File open(const fs::path& path) { return {platform::openFile(utf8(path)), &std::fclose}; }
+std::optional<std::string> textOf(const std::string& path) {
+  const auto file = platform::readFile(path);
+  if (!file) return std::nullopt;
+  return std::string(file->data.get(), file->size);
+}
+std::optional<std::string> contentOf(const fs::path& path) { return textOf(utf8(path)); }
 
 // Where the tests run in a Wine prefix of their own.
 constexpr bool kOwnPrefix = L5KOV_OWN_PREFIX;
@@ -106,45 +111,54 @@ TEST(WindowsEncoding, ReplacesWhatIsNotValid) {
   EXPECT_TRUE(wideFromUtf8("a\xff").empty());
 }
 
-TEST(WindowsFile, IsOpenedByItsUtf16Path) {
+TEST(WindowsFile, IsReadByItsUtf16PathByteForByte) {
   const TemporaryFolder folder;
   const fs::path file = folder.path / L"\u30c7\u30fc\u30bf \u00e9 \U0001d11e.xml";
-  std::ofstream(file, std::ios::binary) << "a\r\n\x1a"
-                                           "b";
-  const File opened = open(file);
-  ASSERT_NE(opened, nullptr);
-  char bytes[8] = {};
-  EXPECT_EQ(std::fread(bytes, 1, sizeof bytes, opened.get()), 5U) << "binary, beyond Ctrl-Z";
-  EXPECT_STREQ(bytes,
-               "a\r\n\x1a"
-               "b");
+  const std::string content("a\r\n\x1a\0b", 6);  // beyond Ctrl-Z, too
+  std::ofstream(file, std::ios::binary) << content;
+  EXPECT_EQ(contentOf(file), content);
 }
 
-TEST(WindowsFile, GivesNullForWhatIsNoRegularFile) {
+TEST(WindowsFile, MayBeEmpty) {
   const TemporaryFolder folder;
-  EXPECT_EQ(open(folder.path), nullptr);
-  EXPECT_EQ(open(folder.path / "missing"), nullptr);
-  EXPECT_EQ(platform::openFile("NUL"), nullptr);
-  EXPECT_EQ(platform::openFile("a\xff"), nullptr);
-  EXPECT_EQ(platform::openFile(""), nullptr);
+  std::ofstream(folder.path / "empty").flush();
+  EXPECT_EQ(contentOf(folder.path / "empty"), "");
 }
 
-TEST(WindowsFile, GivesNullForOneThatSomeoneElseHoldsAlone) {
+TEST(WindowsFile, GivesNothingForWhatIsNoRegularFile) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(contentOf(folder.path), std::nullopt);
+  EXPECT_EQ(contentOf(folder.path / "missing"), std::nullopt);
+  EXPECT_EQ(textOf("NUL"), std::nullopt);
+  EXPECT_EQ(textOf("a\xff"), std::nullopt);
+  EXPECT_EQ(textOf(""), std::nullopt);
+}
+
+HANDLE openFor(DWORD access, DWORD share, const fs::path& file) {
+  return ::CreateFileW(file.c_str(), access, share, nullptr, OPEN_ALWAYS, 0, nullptr);
+}
+
+TEST(WindowsFile, GivesNothingForOneThatSomeoneElseHoldsAlone) {
   const TemporaryFolder folder;
   const fs::path file = folder.path / "held";
-  const HANDLE held =
-      ::CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-  EXPECT_EQ(open(file), nullptr);
+  const HANDLE held = openFor(GENERIC_WRITE, 0, file);
+  EXPECT_EQ(contentOf(file), std::nullopt);
   ::CloseHandle(held);
-  EXPECT_NE(open(file), nullptr);
+  EXPECT_EQ(contentOf(file), "");
 }
 
-TEST(WindowsFile, MayBeReplacedWhileItIsRead) {
+// Whoever forbids others what one has the file open for cannot open it beside that one.
+TEST(WindowsFile, IsReadBesideOneWhoWritesAndDeletesIt) {
+  constexpr DWORD kAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
   const TemporaryFolder folder;
   const fs::path file = folder.path / "table.xml";
   std::ofstream(file) << "old";
-  const File opened = open(file);
-  EXPECT_TRUE(::DeleteFileW(file.c_str()));
+  for (const DWORD access : {DWORD{GENERIC_WRITE}, DWORD{DELETE}}) {
+    const HANDLE held = openFor(access, kAll, file);
+    ASSERT_NE(held, INVALID_HANDLE_VALUE);
+    EXPECT_EQ(contentOf(file), "old") << access;
+    ::CloseHandle(held);
+  }
 }
 
 TEST(WindowsRuntimeLibrary, IsLoadedByItsUtf16PathAndStays) {
