@@ -1,6 +1,9 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Records against the JSON Schema: schema_test.py WRITE_SAMPLE SCHEMA."""
+"""Records against the JSON Schema: schema_test.py SCHEMA WRITE_SAMPLE...
+
+The latter is a program, after what has to start it, if any.
+"""
 import copy
 import json
 import os
@@ -15,12 +18,12 @@ except ImportError:
     print('The Debian package python3-jsonschema is not installed')
     sys.exit(1 if os.environ.get('L5KOV_TEST_ALL') else 77)
 
-WRITE_SAMPLE, SCHEMA = sys.argv[1:3]
+SCHEMA, *WRITE_SAMPLE = sys.argv[1:]
 
 
 def sample(name):
     with tempfile.NamedTemporaryFile(suffix='.json') as file:
-        subprocess.run([WRITE_SAMPLE, name, 'record', file.name], check=True)
+        subprocess.run([*WRITE_SAMPLE, name, 'record', file.name], check=True)
         return json.load(open(file.name, encoding='utf-8'))
 
 

@@ -12,6 +12,15 @@
 # has those that the program was linked with (dll_folders.cmake).
 set -euo pipefail
 root=$(cd "$(dirname "$0")/../.." && pwd)
+
+# Wine starts a program of this system detached, and ends with 0 at once: no test may pass so.
+if [ -f "${1:-}" ] && [ "$(head -c 2 "$1" | tr -d '\0')" != MZ ]; then
+  echo "$1 is no program for Windows" >&2
+  exit 2
+fi
+
+# Any other locale may tell Wine another ANSI code page than 1252.
+export LC_ALL=C.UTF-8
 . "$root/tests/windows/wineserver.sh"
 export WINEDEBUG=${WINEDEBUG:--all}
 # No .NET, no web engine: without this Wine offers to install them.
@@ -62,7 +71,7 @@ export WINEPATH=$dll_folders${WINEPATH:-}
 L5KOV_COMMON_APPDATA=$(windows_path "${L5KOV_COMMON_APPDATA:-C:\\ProgramData}")
 L5KOV_LOCAL_APPDATA=$(windows_path "${XDG_STATE_HOME:-C:\\users\\Public}")
 export L5KOV_COMMON_APPDATA L5KOV_LOCAL_APPDATA
-[ -z "${XDG_STATE_HOME:-}" ] || mkdir -p "$XDG_STATE_HOME"
+[ -z "${XDG_STATE_HOME:-}" ] || [ -e "$XDG_STATE_HOME" ] || mkdir -p "$XDG_STATE_HOME"
 
 # Through files: the first program of a prefix starts Wine's services, which would hold a pipe open
 # long after the program's end.
