@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // Name table files: any bytes give the package that a plain walk over the same bytes gives.
-#include <stdlib.h>
 #include <tinyxml2.h>
 
 #include <cstdint>
@@ -11,6 +10,7 @@
 
 #include "fuzz/require.h"
 #include "monitor/name_table.h"
+#include "tests/real/system.h"
 
 namespace {
 
@@ -19,17 +19,14 @@ namespace fs = std::filesystem;
 class Folder {
  public:
   Folder() {
-    std::string pattern = (fs::temp_directory_path() / "l5kov-fuzz-XXXXXX").string();
-    require(::mkdtemp(pattern.data()) != nullptr, "a folder");
-    root = pattern;
     fs::create_directories(file().parent_path());
-    ::setenv("L5KOV_COMMON_APPDATA", root.c_str(), 1);
+    realtest::system::setVariable("L5KOV_COMMON_APPDATA", root.string());
   }
   ~Folder() { fs::remove_all(root); }
   fs::path file() const { return root / "ORVA/Lumora5/Data/Profile/KovMonitorName.xml"; }
 
  private:
-  fs::path root;
+  const fs::path root = realtest::system::makeFolder();
 };
 
 std::string textOf(const tinyxml2::XMLElement* element) {

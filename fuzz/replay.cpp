@@ -22,7 +22,7 @@ int main(int argc, char** argv) {
   for (const fs::path& file : files) {
     std::ifstream in(file, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    std::fprintf(stderr, "%s\n", file.filename().c_str());
+    std::fprintf(stderr, "%s\n", file.filename().string().c_str());
     LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
   }
   std::printf("%zu inputs\n", files.size());

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 // kovctl's target files: any bytes give a target that makes sense, or a sentence that refuses them
 // and names the file.
-#include <stdlib.h>
-
 #include <cmath>
 #include <cstdint>
 #include <filesystem>
@@ -12,6 +10,7 @@
 #include "failure.h"
 #include "fuzz/require.h"
 #include "target/target_request.h"
+#include "tests/real/system.h"
 
 namespace {
 
@@ -19,16 +18,11 @@ namespace fs = std::filesystem;
 
 class Scratch {
  public:
-  Scratch() {
-    std::string pattern = (fs::temp_directory_path() / "l5kov-fuzz-XXXXXX").string();
-    require(::mkdtemp(pattern.data()) != nullptr, "a folder");
-    root = pattern;
-  }
   ~Scratch() { fs::remove_all(root); }
   std::string file() const { return (root / "target.json").string(); }
 
  private:
-  fs::path root;
+  const fs::path root = realtest::system::makeFolder();
 };
 
 void checkTarget(const kovctl::TargetInfo& target) {
