@@ -70,9 +70,19 @@ TEST(Probe, KnowsWhatWasBegunAndNotEnded) {
 
 TEST(Probe, FindsWhatTheRuntimeComplainsOf) {
   EXPECT_EQ(jniComplaints({"Picked up", "WARNING in native method: JNI call", "fine",
+                           "WARNING: JNI local refs: 40, exceeds capacity: 32",
                            "FATAL ERROR in native method: x"})
                 .size(),
-            2U);
+            3U);
+}
+
+// Java 24 and later say so of every jar that loads a native library.
+TEST(Probe, TakesNoAdviceOnNativeAccessForAComplaint) {
+  EXPECT_EQ(jniComplaints({"WARNING: A restricted method in java.lang.System has been called",
+                           "WARNING: java.lang.System::load has been called by com.orva.Panel",
+                           "WARNING: Use --enable-native-access=ALL-UNNAMED to avoid a warning"})
+                .size(),
+            0U);
 }
 
 void setTimeZone(const char* zone) {

@@ -2,14 +2,13 @@
 """The doctor finds what is broken, says how to mend it, and ends with 5."""
 import json
 import os
-import pathlib
 import shutil
 import subprocess
 import zipfile
 
 import schemas
 import side_by_side
-from harness import CMAKE, KOVCTL, KovctlTest
+from harness import CMAKE, KOVCTL, PROGRAM, RUNTIME, WINDOWS, KovctlTest, not_under_wine
 
 
 class Doctor(KovctlTest):
@@ -52,7 +51,8 @@ class Doctor(KovctlTest):
     def test_no_application_data(self):
         self.environment["L5KOV_COMMON_APPDATA"] = str(self.folder / "none")
         checks = self.finds("application-data", "missing")
-        self.assertIn("L5KOV_COMMON_APPDATA", checks["application-data"]["found"])
+        self.assertIn("the shell's" if WINDOWS else "L5KOV_COMMON_APPDATA",
+                      checks["application-data"]["found"])
         self.assertEqual(checks["plugins"]["state"], "FAIL")
         self.assertEqual(checks["catalogue"]["state"], "skip")
 
@@ -65,12 +65,15 @@ class Doctor(KovctlTest):
     def fake_runtime(self, content):
         jre = self.plugins / "com.orva.lumora.jre/jre"
         jre.unlink()
-        (jre / "lib/server").mkdir(parents=True)
-        (jre / "lib/server/libjvm.so").write_bytes(content)
+        (jre / RUNTIME).parent.mkdir(parents=True)
+        (jre / RUNTIME).write_bytes(content)
 
     def test_runtime_of_another_machine(self):
-        own = pathlib.Path(KOVCTL).read_bytes()[:64]
-        self.fake_runtime(own[:18] + b"\xb7\x00" + own[20:])  # EM_AARCH64
+        own = PROGRAM.read_bytes()[:512]
+        at, machine = 18, b"\xb7\x00"  # EM_AARCH64
+        if WINDOWS:
+            at, machine = int.from_bytes(own[60:64], "little") + 4, b"\x64\xaa"
+        self.fake_runtime(own[:at] + machine + own[at + 2:])
         checks = self.finds("runtime-library", "for aarch64")
         self.assertEqual(checks["runtime-version"]["state"], "warn")
 
@@ -79,7 +82,7 @@ class Doctor(KovctlTest):
         self.finds("runtime-library", "not a library of this system")
 
     def test_runtime_that_does_not_load(self):
-        self.fake_runtime(pathlib.Path(KOVCTL).read_bytes()[:64])
+        self.fake_runtime(PROGRAM.read_bytes()[:512])
         checks = self.finds("java-start", "cannot be started")
         self.assertEqual(checks["check-jni"]["state"], "skip")
 
@@ -164,7 +167,7 @@ class Doctor(KovctlTest):
     def test_state_folder_that_is_none(self):
         self.environment["XDG_STATE_HOME"] = str(self.root / "file")
         (self.root / "file").write_text("")
-        self.finds("state-folder", "Not a directory", state="warn")
+        self.finds("state-folder", "Path not found" if WINDOWS else "Not a directory", state="warn")
 
     def test_search_that_fails(self):
         self.faults({"call": "MonitorLibrary.startMonitorSearch", "nth": 0,
@@ -172,20 +175,27 @@ class Doctor(KovctlTest):
         self.finds("monitors", "java.io.IOException: no bus")
 
 
+LIB = "bin" if WINDOWS else "lib"
+METER, CHROMA, HOST = (("libmeter_x64.dll", "libchroma_x64.dll", "libl5kov.dll") if WINDOWS else
+                       ("libmeter_x64.so", "libchroma_x64.so", "libl5kov.so.1"))
+
+
 class WithoutLibraries(KovctlTest):
     """The program in an installed tree from which libraries are missing."""
 
     def setUp(self):
         super().setUp()
-        build = pathlib.Path(KOVCTL).parent.parent
         self.tree = self.folder / "tree"
-        subprocess.run([CMAKE, "--install", build, "--prefix", self.tree], check=True,
-                       stdout=subprocess.DEVNULL)
-        for name in ("libmeter_x64.so", "libchroma_x64.so"):
-            shutil.copy(os.environ["KOVCTL_SIMULATOR_DIR"] + "/" + name, self.tree / "lib" / name)
+        subprocess.run([CMAKE, "--install", PROGRAM.parent.parent, "--prefix", self.tree],
+                       check=True, stdout=subprocess.DEVNULL)
+        for name in (METER, CHROMA):
+            shutil.copy(os.environ["KOVCTL_SIMULATOR_DIR"] + "/" + name, self.tree / LIB / name)
 
     def run_tree(self, *arguments, code):
-        process = subprocess.run([self.tree / "bin/kovctl", *arguments], env=self.environment,
+        program = self.tree / "bin" / PROGRAM.name
+        # Nothing is found where the build has it.
+        self.environment.update(KOVCTL_EXE=str(program), KOVCTL_SIMULATOR_DIR=str(self.tree))
+        process = subprocess.run([KOVCTL if WINDOWS else program, *arguments], env=self.environment,
                                  stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                                  stderr=subprocess.PIPE)
         self.assertEqual(process.returncode, code, process)
@@ -203,22 +213,23 @@ class WithoutLibraries(KovctlTest):
         self.run_tree("list", code=0)
 
     def test_measurement_library_missing(self):
-        (self.tree / "lib/libmeter_x64.so").unlink()
-        self.assertIn(b"libmeter_x64.so", self.run_tree("list", code=5).stderr)
+        (self.tree / LIB / METER).unlink()
+        self.assertIn(METER.encode(), self.run_tree("list", code=5).stderr)
         document = schemas.check(json.loads(self.run_tree("doctor", "--json", code=5).stdout))
         checks = {check["id"]: check for check in document["checks"]}
-        self.assertIn("libmeter_x64.so", checks["host-library"]["found"])
+        self.assertIn(METER, checks["host-library"]["found"])
         self.assertEqual(checks["measurement-library"]["state"], "FAIL")
         self.assertEqual(checks["plugins"]["state"], "ok")
         self.assertEqual(checks["catalogue"]["state"], "skip")
         error = schemas.check(json.loads(self.run_tree("list", "--json", code=5).stdout))
-        self.assertIn("libmeter_x64.so", error["message"])
+        self.assertIn(METER, error["message"])
 
     def test_host_library_missing(self):
-        (self.tree / "lib/libl5kov.so.1").unlink()
-        self.assertIn(b"libl5kov.so.1", self.run_tree("doctor", code=5).stdout)
-        self.assertIn(b"libl5kov.so.1", self.run_tree("list", code=5).stderr)
+        (self.tree / LIB / HOST).unlink()
+        self.assertIn(HOST.encode(), self.run_tree("doctor", code=5).stdout)
+        self.assertIn(HOST.encode(), self.run_tree("list", code=5).stderr)
 
+    @not_under_wine("libraries of Windows have no run paths")
     def test_no_path_of_the_build_is_left(self):
         for name in ("bin/kovctl", "lib/libkovctl-main.so"):
             text = subprocess.run(["readelf", "-d", self.tree / name], check=True,

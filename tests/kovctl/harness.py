@@ -2,7 +2,8 @@
 """Runs kovctl in an application-data folder of its own.
 
 The environment names the build: KOVCTL, KOVCTL_SOURCE, KOVCTL_SIMULATOR_DIR, KOVCTL_JAVA_HOME,
-KOVCTL_CMAKE, KOVCTL_HAS_SDL; KOVCTL_WINDOWS where kovctl is a program for Windows, under Wine.
+KOVCTL_CMAKE, KOVCTL_HAS_SDL; KOVCTL_WINDOWS where kovctl is a program for Windows, under Wine, and
+KOVCTL what starts it, KOVCTL_EXE.
 """
 import json
 import os
@@ -14,6 +15,7 @@ import tempfile
 import unittest
 
 KOVCTL = os.environ["KOVCTL"]
+PROGRAM = pathlib.Path(os.environ.get("KOVCTL_EXE", KOVCTL))  # the file itself
 SOURCE = pathlib.Path(os.environ["KOVCTL_SOURCE"])
 SIMULATOR = os.environ["KOVCTL_SIMULATOR_DIR"]
 JAVA_HOME = os.environ["KOVCTL_JAVA_HOME"]
@@ -21,6 +23,7 @@ CMAKE = os.environ["KOVCTL_CMAKE"]
 KOVCTL_HAS_SDL = os.environ.get("KOVCTL_HAS_SDL") == "TRUE"
 WINDOWS = os.environ.get("KOVCTL_WINDOWS") == "TRUE"
 SCHEMAS = SOURCE / "tools/kovctl/schema"
+RUNTIME = "bin/server/jvm.dll" if WINDOWS else "lib/server/libjvm.so"  # in the Java runtime
 LIMIT = 300  # s: no run of kovctl may take longer
 
 COLOUR = "OR-C321:30210045"

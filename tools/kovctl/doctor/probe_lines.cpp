@@ -68,8 +68,9 @@ ProbeOutput parseProbe(std::string_view text) {
 std::vector<std::string> jniComplaints(const std::vector<std::string>& lines) {
   std::vector<std::string> complaints;
   for (const std::string& line : lines) {
-    if (line.rfind("WARNING", 0) == 0 || line.rfind("FATAL ERROR", 0) == 0) {
-      complaints.push_back(line);
+    // Later runtimes also warn of any jar that loads a native library, in lines "WARNING: ".
+    for (const char* start : {"WARNING in native method", "WARNING: JNI", "FATAL ERROR"}) {
+      if (line.rfind(start, 0) == 0) complaints.push_back(line);
     }
   }
   return complaints;

@@ -67,10 +67,8 @@ void writeOne(Context& context, FilesWritten& files, const std::string& path,
 }
 
 void tryFile(const std::string& path) {
-  std::error_code none;
   if (sys::isFolder(path)) refuse(path, ": it is a folder");
-  const bool isFile = std::filesystem::is_regular_file(sys::pathOf(path), none);
-  if (sys::exists(path) && !isFile) return;  // a device
+  if (sys::isDevice(path)) return;
   try {
     sys::tryWriting(path);
   } catch (const std::runtime_error& reason) {
@@ -101,10 +99,9 @@ bool isSameFile(const std::string& one, const std::string& other) {
   std::error_code none;
   const auto first = std::filesystem::absolute(sys::pathOf(one), none);
   const auto second = std::filesystem::absolute(sys::pathOf(other), none);
-  // Devices may be named as often as one likes.
-  const bool isThere = std::filesystem::exists(first, none);
-  if (isThere && !std::filesystem::is_regular_file(first, none)) return false;
-  if (isThere) return std::filesystem::equivalent(first, second, none);
+  // Devices may be named as often as one likes; a folder serves for neither.
+  if (sys::isDevice(one) || sys::isFolder(one)) return false;
+  if (sys::exists(one)) return std::filesystem::equivalent(first, second, none);
   return std::filesystem::weakly_canonical(first, none) ==
          std::filesystem::weakly_canonical(second, none);
 }

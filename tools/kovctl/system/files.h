@@ -22,6 +22,8 @@ std::optional<std::string> readWhole(const std::string& path);
 
 bool exists(const std::string& path);
 bool isFolder(const std::string& path);
+/// Neither a file nor a folder: /dev/stdout, a pipe, NUL.
+bool isDevice(const std::string& path);
 void removeFile(const std::string& path);
 /// With all that are missing above it. @throws std::runtime_error
 void makeFolder(const std::string& path);

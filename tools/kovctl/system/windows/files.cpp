@@ -33,28 +33,12 @@ DWORD writeAll(HANDLE file, std::string_view content) {
   return ERROR_SUCCESS;
 }
 
-bool isDevice(const std::wstring& path) {
-  const HANDLE file = ::CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                    OPEN_EXISTING, 0, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return false;
-  const bool device = ::GetFileType(file) != FILE_TYPE_DISK;
-  ::CloseHandle(file);
-  return device;
-}
-
 void writeInPlace(const std::string& path, std::string_view content) {
   const HANDLE file = openForWriting(wide(path), OPEN_EXISTING);
   if (file == INVALID_HANDLE_VALUE) fail(path, ::GetLastError());
   const DWORD error = writeAll(file, content);
   ::CloseHandle(file);
   if (error != ERROR_SUCCESS) fail(path, error);
-}
-
-std::string folderId(int id) {
-  wchar_t folder[MAX_PATH] = {};
-  return SUCCEEDED(::SHGetFolderPathW(nullptr, id, nullptr, SHGFP_TYPE_CURRENT, folder))
-             ? narrow(folder)
-             : "";
 }
 
 DWORD attributesOf(const std::string& path) {
@@ -64,8 +48,8 @@ DWORD attributesOf(const std::string& path) {
 }  // namespace
 
 void writeWhole(const std::string& path, std::string_view content) {
+  if (isDevice(path)) return writeInPlace(path, content);
   const std::wstring place = wide(path);
-  if (isDevice(place)) return writeInPlace(path, content);
   const std::wstring beside = place + L"." + std::to_wstring(::GetCurrentProcessId()) + L".new";
   const HANDLE file = openForWriting(beside, CREATE_ALWAYS);
   if (file == INVALID_HANDLE_VALUE) fail(path, ::GetLastError());
@@ -121,6 +105,15 @@ bool isFolder(const std::string& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
+bool isDevice(const std::string& path) {
+  const HANDLE file = ::CreateFileW(wide(path).c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                    nullptr, OPEN_EXISTING, 0, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  const bool device = ::GetFileType(file) != FILE_TYPE_DISK;
+  ::CloseHandle(file);
+  return device;
+}
+
 void removeFile(const std::string& path) {
   ::DeleteFileW(wide(path).c_str());
 }
@@ -150,8 +143,13 @@ std::string commonApplicationDataSource() {
   return "the shell's";
 }
 
+// Also where it is missing: who writes there then learns of it. A user without one gets a name that
+// cannot be made, and not a folder at the root of the drive.
 std::string stateFolder() {
-  return folderId(CSIDL_LOCAL_APPDATA) + "\\kovctl";
+  wchar_t folder[MAX_PATH] = {};
+  constexpr int kWhich = CSIDL_LOCAL_APPDATA | CSIDL_FLAG_DONT_VERIFY;
+  ::SHGetFolderPathW(nullptr, kWhich, nullptr, SHGFP_TYPE_CURRENT, folder);
+  return (folder[0] == L'\0' ? "?:" : narrow(folder)) + "\\kovctl";
 }
 
 std::string executable() {

@@ -51,6 +51,18 @@ void openIfClosed(int number) {
   ::SetStdHandle(kNames[number], nowhere);
 }
 
+// The numbers of the C runtimes: kovctl's own, and the one that Java runtimes are made with. The
+// latter has taken the handle at its own start, which may have been the process's.
+void turnOutputOver() {
+  using Dup2 = int(__cdecl*)(int, int);
+  ::_dup2(2, 1);
+  const HMODULE javas = ::LoadLibraryW(L"ucrtbase.dll");
+  if (javas == nullptr) return;
+  const auto dup2 =
+      reinterpret_cast<Dup2>(reinterpret_cast<void*>(::GetProcAddress(javas, "_dup2")));
+  if (dup2 != nullptr) dup2(2, 1);
+}
+
 }  // namespace
 
 // Java prints to the process's standard handles and the C runtimes to their own numbers; both are
@@ -58,12 +70,15 @@ void openIfClosed(int number) {
 void prepareStandardStreams() {
   for (int number = 0; number < 3; ++number) openIfClosed(number);
   const HANDLE process = ::GetCurrentProcess();
+  const HANDLE output = ::GetStdHandle(STD_OUTPUT_HANDLE);
   HANDLE kept = nullptr;
-  if (::DuplicateHandle(process, ::GetStdHandle(STD_OUTPUT_HANDLE), process, &kept, 0, FALSE,
-                        DUPLICATE_SAME_ACCESS)) {
+  if (::DuplicateHandle(process, output, process, &kept, 0, FALSE, DUPLICATE_SAME_ACCESS)) {
     resultStream = kept;
+    // Stays open: closed by one C runtime, its value could come to be another file, into which any
+    // other that has noted it would write.
+    ::SetHandleInformation(output, HANDLE_FLAG_PROTECT_FROM_CLOSE, HANDLE_FLAG_PROTECT_FROM_CLOSE);
     ::SetStdHandle(STD_OUTPUT_HANDLE, ::GetStdHandle(STD_ERROR_HANDLE));
-    ::_dup2(2, 1);
+    turnOutputOver();
   }
 }
 

@@ -24,12 +24,16 @@ std::string narrow(std::wstring_view wide) {
   return result;
 }
 
-std::string reasonOf(unsigned long error) {
+std::string reasonOf(unsigned long error, const std::string& about) {
   wchar_t text[512];
   DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
                                   nullptr, error, 0, text, 512, nullptr);
   while (length > 0 && (text[length - 1] <= L' ' || text[length - 1] == L'.')) --length;
-  return length > 0 ? narrow({text, length}) : "error " + std::to_string(error);
+  if (length == 0) return "error " + std::to_string(error);
+  std::string reason = narrow({text, length});
+  const std::size_t insert = reason.find("%1");
+  if (insert != std::string::npos) reason.replace(insert, 2, about);
+  return reason;
 }
 
 }  // namespace kovctl::sys

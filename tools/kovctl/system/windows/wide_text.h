@@ -11,8 +11,9 @@ namespace kovctl::sys {
 std::wstring wide(std::string_view utf8);
 std::string narrow(std::wstring_view wide);
 
-// The system's text for an error number, without its line end.
-std::string reasonOf(unsigned long error);
+// The system's text for an error number, without its line end; where it leaves room for a name, with
+// that one.
+std::string reasonOf(unsigned long error, const std::string& about = "it");
 
 }  // namespace kovctl::sys
 
