@@ -2,7 +2,7 @@
 # A host that is itself a Java program: its native library uses libl5kov, which joins its machine.
 set(java_host ${CMAKE_CURRENT_BINARY_DIR}/java_host)
 add_library(real_java_host SHARED
-  java_host/java_host.cpp support.cpp system_posix.cpp)
+  java_host/java_host.cpp support.cpp system_${system}.cpp)
 target_include_directories(real_java_host PRIVATE ${PROJECT_SOURCE_DIR})
 target_link_libraries(real_java_host PRIVATE
   l5kov_options l5kov::l5kov l5kov_jni meter_x64 chroma_x64 GTest::gtest ${CMAKE_DL_LIBS})
@@ -17,17 +17,34 @@ add_custom_target(real_java_host_class DEPENDS ${java_host}/JavaHost.class)
 add_dependencies(real_java_host simulator real_java_host_class)
 add_dependencies(real_tests real_java_host)
 
+# Java takes libraries by full paths alone; Wine calls the file system's root Z:.
+set(library $<TARGET_FILE:real_java_host>)
+if(WIN32)
+  set(separator $<SEMICOLON>)
+  if(CMAKE_CROSSCOMPILING)
+    set(library Z:${library})
+  endif()
+else()
+  set(separator :)
+endif()
+
 # real_add_java_host(PREFIX JAVA_HOME ROOT OPTIONS LABELS)
 function(real_add_java_host prefix home root options labels)
   set(jar ${root}/ORVA/Lumora5/plugins/com.orva.lumora.common.monitorcom.kov/external/KOVLibrary.jar)
   separate_arguments(options)
-  set(command ${home}/bin/java ${options} -cp ${jar}:${java_host} JavaHost $<TARGET_FILE:real_java_host>)
+  if(WIN32)
+    # Not a link but a copy, and the loader tells libraries of the same content apart.
+    set(home ${root}/ORVA/Lumora5/plugins/com.orva.lumora.jre/jre)
+  endif()
+  set(command ${CMAKE_CROSSCOMPILING_EMULATOR} ${home}/bin/java${CMAKE_EXECUTABLE_SUFFIX} ${options}
+    -cp ${jar}${separator}${java_host} JavaHost ${library})
   foreach(use oneCall ownThreads javaThreads keptHandle released)
     real_add_java_host_test(${prefix}JavaHost.${use} ${root} "${labels}" ${command} ${use})
   endforeach()
-  # What a Java host does wrong, and how it learns of it.
+  # What a Java host does wrong, and how it learns of it. On Windows a second runtime is loaded beside
+  # the first, and what comes of that is theirs.
   list(GET roots 0 other)
-  if(NOT other STREQUAL root)
+  if(NOT other STREQUAL root AND NOT WIN32)
     real_add_java_host_test(${prefix}JavaHost.ofAnotherRuntime ${other} "${labels}" ${command} fails
       "exception: Failed to create Java VM")
   endif()
@@ -40,7 +57,7 @@ function(real_add_java_host prefix home root options labels)
       FAIL_REGULAR_EXPRESSION "held" PASS_REGULAR_EXPRESSION "Bad global or local ref passed to JNI")
   else()
     # The look-ups go on with the first one's exception pending, which -Xcheck:jni speaks of.
-    list(TRANSFORM command REPLACE "^${jar}:" "" OUTPUT_VARIABLE without_jar)
+    string(REPLACE "${jar}${separator}" "" without_jar "${command}")
     real_add_java_host_test(${prefix}JavaHost.withoutTheJar ${root} "${labels}" ${without_jar} fails
       "java.lang.NoSuchMethodError: com/orva/kov/library/impl/KovMonitorLibrary.getInstance()Lcom/orva/kov/library/api/MonitorLibrary$<SEMICOLON>")
   endif()
@@ -50,10 +67,16 @@ endfunction()
 function(real_add_java_host_test test root labels)
   separate_arguments(labels)
   set(settings ${java_host}/${test})
+  set(library_path ${L5KOV_SIMULATOR_DIR})
+  if(WIN32)
+    # The library itself, and what Java 17 looks for on the search path (CMakeLists.txt).
+    string(APPEND library_path :$<TARGET_FILE_DIR:l5kov>
+      :${root}/ORVA/Lumora5/plugins/com.orva.lumora.jre/jre/bin)
+  endif()
   file(WRITE ${settings}/simulator.properties "search.ms = 0\nnoise = off\n")
   add_test(NAME ${test} COMMAND ${ARGN} WORKING_DIRECTORY ${settings})
   set_tests_properties(${test} PROPERTIES TIMEOUT 180 ${labels}
     FAIL_REGULAR_EXPRESSION "WARNING|FATAL|Exception"
     ENVIRONMENT
-    "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${L5KOV_SIMULATOR_DIR};KOV_SIM_HOME=${settings}")
+    "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${library_path};KOV_SIM_HOME=${settings}")
 endfunction()
