@@ -36,8 +36,8 @@ cmake --build "$build" -j "$jobs"
 unset L5KOV_TEST_ALL
 status=0
 ctest --test-dir "$build" -j "$jobs" --output-on-failure --no-tests=error \
-  --output-junit results.xml "$@" || status=1
+  --output-junit results.xml --test-output-size-passed 100000 "$@" || status=1
 if [ $# -eq 0 ]; then
-  tests/windows/compare_lists.sh "$native" "$build" "$build/results.xml" || status=1
+  tests/windows/compare_lists.py "$native" "$build" "$build/results.xml" || status=1
 fi
 exit "$status"

@@ -14,7 +14,7 @@ all=(chromium poppler-utils fonts-dejavu-core xvfb libsdl2-dev valgrind man-db z
      clang-14 libclang-rt-14-dev gcovr)
 # What the cross-build for Windows and its tests under Wine need.
 windows=(g++-mingw-w64-x86-64-posix wine64 googletest dpkg-dev python3 python3-jsonschema
-         python3-pip unzip zip clang-14)
+         python3-pip unzip zip clang-14 zsh fish man-db)
 # Wanted only where the command of that name is missing: another packaging of it may be there.
 all_commands=(npm)
 
