@@ -53,9 +53,7 @@ Expectation nullPointer(const CallSite& site) {
   return Expectation::containing("java.lang.NullPointerException: ");
 }
 
-Expectation clean(const CallSite& site) {
-  return Expectation::exactly(site.cleanOutcome);
-}
+Expectation clean(const CallSite& site) { return Expectation::exactly(site.cleanOutcome); }
 
 Expectation noMonitor(const CallSite& site) {
   return kCoded.count(site.step) ? Expectation::exactly("OM_ERR_COMMUNICATION ")
@@ -123,18 +121,17 @@ std::vector<CallSite> sitesOf(const std::vector<Step>& steps) {
   return sites;
 }
 
-bool canFail(const CallSite& site) {
+bool canFail(const CallSite& site, bool quietly) {
   static const std::set<std::string> kNever{
       "ExceptionClear", "ExceptionOccurred",     "ExceptionCheck", "DeleteGlobalRef",
       "PopLocalFrame",  "ReleaseStringUTFChars", "IsSameObject",   "Throw"};
-  return !kNever.count(site.slot());
-}
-
-bool failsQuietlyOnly(const CallSite& site) {
-  static const std::set<std::string> kQuiet{"NewGlobalRef",        "JNI_GetCreatedJavaVMs",
-                                            "JNI_CreateJavaVM",    "AttachCurrentThread",
-                                            "DetachCurrentThread", "GetEnv"};
-  return kQuiet.count(site.slot()) > 0;
+  static const std::set<std::string> kWithoutResult{"CallVoidMethodV", "CallStaticVoidMethodV"};
+  static const std::set<std::string> kWithoutException{
+      "NewGlobalRef",        "JNI_GetCreatedJavaVMs", "JNI_CreateJavaVM",
+      "AttachCurrentThread", "DetachCurrentThread",   "GetEnv",
+      "GetStaticObjectField"};
+  return !kNever.count(site.slot()) &&
+         !(quietly ? kWithoutResult : kWithoutException).count(site.slot());
 }
 
 bool Expectation::holdsFor(const std::string& outcome) const {

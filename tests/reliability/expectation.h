@@ -29,10 +29,9 @@ struct CallSite {
 
 std::vector<CallSite> sitesOf(const std::vector<Step>& steps);
 
-// Calls that no Java runtime lets fail: releases, checks, comparisons.
-bool canFail(const CallSite& site);
-// A call that can fail but has no means to leave an exception.
-bool failsQuietlyOnly(const CallSite& site);
+// Whether a Java runtime lets the call fail, `quietly` by its result or by an exception. Releases,
+// checks and comparisons cannot fail; some have no result, some no means to leave an exception.
+bool canFail(const CallSite& site, bool quietly);
 
 // What the operation that made the call must end with when the call fails so. Derived from what the
 // operation promises, not from what it does.

@@ -58,7 +58,7 @@ class Flow {
 };
 
 // The world that the flow runs in: a monitor with two history entries of different kinds, and a
-// second one whose getModel throws.
+// second one whose getColorType throws.
 void furnish(kovtest::KovWorld& world, kovtest::FakeJvm& jvm);
 
 inline constexpr const char* kBrokenOutcome = "java.io.IOException: torn cable";

@@ -43,7 +43,7 @@ TEST_F(NameTable, EntitiesOfTheDocumentAreLeftAsTheyAre) {
         table(package("&a60;", model("L5-X240"))).substr(39));
   const auto begin = steady_clock::now();
   const std::string package = packageOf("L5-X240");
-  EXPECT_TRUE(package == "&a60;" || package == "noPackage") << package;
+  EXPECT_EQ(package, "&a60;");
   EXPECT_LT(steady_clock::now() - begin, std::chrono::seconds(5));
 }
 
@@ -53,16 +53,18 @@ TEST_F(NameTable, EntitiesThatNameAFileAreNotRead) {
   std::ofstream(secret) << "secret";
   write("<!DOCTYPE KovMonitorName [<!ENTITY f SYSTEM \"file://" + secret.string() + "\">]>" +
         table(package("&f;", model("L5-X240"))).substr(39));
-  EXPECT_EQ(packageOf("L5-X240").find("secret"), std::string::npos);
+  EXPECT_EQ(packageOf("L5-X240"), "&f;");
   std::filesystem::remove(secret);
 }
 
+// What stands in their place is tinyxml2's affair; the rest of the table is read.
 TEST_F(NameTable, NumbersOfCharactersBeyondAllAreHarmless) {
   for (const char* reference :
        {"&#0;", "&#x110000;", "&#xFFFFFFFFF;", "&#-1;", "&#x;", "&#", "&;"}) {
     SCOPED_TRACE(reference);
-    write(table(package(reference, model("L5-X240"))));
-    EXPECT_NO_THROW(packageOf("L5-X240"));
+    write(table(package(reference, model("L5-X240")) + package("Alpha", model("OR-C321"))));
+    EXPECT_NE(packageOf("L5-X240"), "noPackage");
+    EXPECT_EQ(packageOf("OR-C321"), "Alpha");
   }
 }
 

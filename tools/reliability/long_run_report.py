@@ -2,13 +2,18 @@
 # SPDX-License-Identifier: MIT
 """Slopes and a plot of a long run.
 
-  tools/reliability/long_run_report.py LONG.csv [--svg FILE]
+  tools/reliability/long_run_report.py LONG.csv [--svg FILE] [--check] [--calibration-bytes N]
 
 LONG.csv  what reliability_long_run printed, with tools/reliability/jvm_memory.sh as its probe
 
 For each kind of work and each figure: the slope of a straight line fitted to the samples behind the
 warm-up (the first quarter), as growth over the whole run, with its 95 % confidence interval. A slope
-whose interval holds 0 is no growth that can be told from noise.
+whose interval holds 0 is no growth that can be told from noise; the others are marked.
+
+--check ends with 1 when something grows beyond its limit even at the lower end of its interval:
+handles and descriptors at all, the Java heap by more than 64 KiB, memory (resident, native heap, the
+Java runtime's own) by more than 512 KiB and so many bytes for each operation, thread or calibration as
+BYTES_EACH has.
 """
 import argparse
 import csv
@@ -16,7 +21,12 @@ import math
 import sys
 
 COLUMNS = ["resident", "Java heap", "native heap", "descriptors", "global handles", "weak handles",
-           "Java's own"]
+           "Java's own", "its compilers'"]
+COUNTS = ["descriptors", "global handles", "weak handles"]
+JAVA_HEAP_KIB = 64
+ONCE_KIB = 512
+# A leak of the smallest block, 16 bytes, at every hundredth operation would be 0.16.
+BYTES_EACH = {"operations": 0.1, "threads": 16.0, "calibrations": 1024.0}
 SHOWN = {"resident": "#c23b22", "Java's own": "#7a5195", "native heap": "#2f7ebc",
          "Java heap": "#3a923a"}
 # Student's t at 97.5 % for 1, 2, ... degrees of freedom (any table of it).
@@ -43,6 +53,18 @@ def growth(rows, column):
     slope = sum((a - mx) * (b - my) for a, b in zip(x, y)) / sxx
     left = sum((b - my - slope * (a - mx)) ** 2 for a, b in zip(x, y))
     return slope, T975[min(n - 3, len(T975) - 1)] * math.sqrt(left / (n - 2) / sxx)
+
+
+def complaint(phase, count, name, least, bytes_each):
+    """What is wrong with a figure that has grown by `least` at least; nothing when it may."""
+    if name in COUNTS:
+        return "grows" if least > 0.5 else ""
+    if name == "Java heap":
+        return f"grows by more than {JAVA_HEAP_KIB} KiB" if least > JAVA_HEAP_KIB else ""
+    if name == "its compilers'":
+        return ""  # a part of the Java runtime's own
+    allowed = ONCE_KIB + count * bytes_each[phase] / 1024
+    return f"grows by {least:,.0f} KiB at least, {allowed:,.0f} allowed" if least > allowed else ""
 
 
 def panel(phase, rows, left, width, height, top_value):
@@ -75,23 +97,49 @@ def plot(phases, file):
                   'fill="#fff"/>\n' + "\n".join(parts) + "\n</svg>\n")
 
 
+def row_of(phase, rows, name):
+    """The table's line of one figure, and by how much it has grown at least."""
+    column = COLUMNS.index(name)
+    slope, half = growth(rows, column)
+    unit = "" if name in COUNTS else " KiB"
+    mark = ", excludes 0" if abs(slope) > half else ""
+    line = (f"| {rows[-1][0]:,} {phase} | {name} | {rows[len(rows) // 4][1 + column]:,}{unit} "
+            f"| {rows[-1][1 + column]:,}{unit} | {slope:+,.0f} | ± {half:,.0f}{mark} |")
+    return line, slope - half
+
+
+def report(phases, bytes_each):
+    """Prints the table; what is wrong, a line for each figure."""
+    print("| over | figure | at a quarter | at the end | growth | 95 % interval |")
+    print("|---|---|---|---|---|---|")
+    complaints = []
+    for phase, rows in phases.items():
+        for name in COLUMNS:
+            line, least = row_of(phase, rows, name)
+            print(line)
+            found = complaint(phase, rows[-1][0], name, least, bytes_each)
+            if found:
+                complaints.append(f"{rows[-1][0]:,} {phase}: {name} {found}")
+    return complaints
+
+
 def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("file")
     parser.add_argument("--svg")
+    parser.add_argument("--check", action="store_true")
+    parser.add_argument("--calibration-bytes", type=float, default=BYTES_EACH["calibrations"])
     given = parser.parse_args()
-    phases = read(given.file)
-    print("| over | figure | at a quarter | at the end | growth | 95 % interval |")
-    print("|---|---|---|---|---|---|")
-    for phase, rows in phases.items():
-        for column, name in enumerate(COLUMNS):
-            slope, half = growth(rows, column)
-            unit = "" if "handles" in name or name == "descriptors" else " KiB"
-            print(f"| {rows[-1][0]:,} {phase} | {name} | {rows[len(rows) // 4][1 + column]:,}{unit} "
-                  f"| {rows[-1][1 + column]:,}{unit} | {slope:+,.0f} | ± {half:,.0f} |")
+    phases = {phase: rows for phase, rows in read(given.file).items() if len(rows) >= 8}
+    if not phases:
+        raise SystemExit(f"{given.file}: too few samples")
+    complaints = report(phases, {**BYTES_EACH, "calibrations": given.calibration_bytes})
     if given.svg:
         plot(phases, given.svg)
-    return 0
+    if not given.check:
+        return 0
+    print("\n".join(complaints) or "nothing grows beyond its limit")
+    return 1 if complaints else 0
 
 
 if __name__ == "__main__":

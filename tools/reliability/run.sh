@@ -8,7 +8,8 @@
 #        quick (what takes less than about a minute once built), all (each of them, hours last)
 # Builds lie in build/reliability; each part writes build/reliability/PART.txt.
 # Environment: FUZZ_SECONDS (60), FUZZ_FOLDER (build/reliability/fuzz), LONG_RUN
-# ("10000000 20000 1000"), jobs (all cores).
+# ("10000000 20000 1000"), jobs (all cores), PLAIN_FOLDER (a finished build with optimisation and debug
+# information, such as that of ./test, to be used for calls, allocations and valgrind).
 # Debian packages beside those of ./test: clang-14 libclang-rt-14-dev valgrind gcovr binutils.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -35,36 +36,48 @@ build() {
     { tail -40 "$out/$name.build.log" >&2; exit 1; }
 }
 plain() { configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo; build plain; }
-tests() { ctest --test-dir "$out/$1" -j "$jobs" --no-tests=error --output-on-failure -LE slow -R "$2" \
-  -E _NOT_BUILT; }
+# tests NAME REGEX LEAST: the tests of a build that match. Programs that are not built have none, so
+# there must be so many at least.
+tests() {
+  local which=(--test-dir "$out/$1" -LE slow -R "$2" -E _NOT_BUILT) count
+  count=$(ctest -N "${which[@]}" | sed -n 's/^Total Tests: //p')
+  [ "$count" -ge "$3" ] || { echo "$count tests, at least $3 expected" >&2; exit 1; }
+  ctest "${which[@]}" -j "$jobs" --output-on-failure
+}
+# over_fake_java PROGRAM [COMMAND...]: a test program of the plain build, beneath a command
+over_fake_java() {
+  local program=$1 folder=${PLAIN_FOLDER:-$out/plain}; shift
+  [ -n "${PLAIN_FOLDER:-}" ] || plain
+  LD_LIBRARY_PATH=$folder/tests/support/vendor "$@" "$folder/bin/$program"
+}
 vendors() { echo "$out/$1/tests/support/vendor"; }
 
-# long_run NAME OPERATIONS THREADS CALIBRATIONS: over the Java runtime, with a plot
+# long_run NAME OPERATIONS THREADS CALIBRATIONS [OPTION...]: over the Java runtime, with a plot; fails
+# when something grows beyond its limit
 long_run() {
-  local name=$1; shift
+  local name=$1 amounts=("${@:2:3}"); shift 4
   plain; build plain reliability_long_run
   JAVA_TOOL_OPTIONS=-XX:NativeMemoryTracking=summary \
     L5KOV_LONG_RUN_PROBE=$PWD/tools/reliability/jvm_memory.sh \
     L5KOV_COMMON_APPDATA=$out/plain/tests/reliability/appdata LD_LIBRARY_PATH=$out/plain/simulator \
-    "$out/plain/bin/reliability_long_run" "$@" >"$out/$name.csv"
-  tools/reliability/long_run_report.py "$out/$name.csv" --svg "$out/$name-run.svg"
+    "$out/plain/bin/reliability_long_run" "${amounts[@]}" >"$out/$name.csv"
+  tools/reliability/long_run_report.py "$out/$name.csv" --svg "$out/$name-run.svg" --check "$@"
 }
 
 run_part() {
   case "$1" in
-    calls) plain; LD_LIBRARY_PATH=$(vendors plain) "$out/plain/bin/reliability_every_call_fails" ;;
-    allocations)
-      plain; LD_LIBRARY_PATH=$(vendors plain) "$out/plain/bin/reliability_every_allocation_fails" ;;
-    race) plain; tests plain '^Race\.' ;;
-    hardening) plain; tests plain '^reliability_(hardening|set_user_id)$' ;;
-    faults) plain; tests plain '^(BrokenInstallation|CurrentFolder|CarelessPlugin|NameTable|StartUpFailure|DelegateException)\.' ;;
+    calls) over_fake_java reliability_every_call_fails ;;
+    allocations) over_fake_java reliability_every_allocation_fails ;;
+    race) plain; tests plain '^(Race|RealCancel)\.' 6 ;;
+    hardening) plain; tests plain '^reliability_(hardening|set_user_id)$' 2 ;;
+    faults) plain; tests plain '^(BrokenInstallation|CurrentFolder|CarelessPlugin|NameTable|StartUpFailure|DelegateException)\.' 70 ;;
     sanitize)
       # All units, kovctl's too, and everything over the fake Java runtime.
       configure sanitize -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 \
         -DL5KOV_SANITIZE=address,undefined -DL5KOV_BUILD_SIMULATOR=OFF -DL5KOV_BUILD_TOOLS=ON \
         "-DL5KOV_TEST_FOLDERS=$fake;kovctl_report;kovctl"
       build sanitize
-      ASAN_OPTIONS=detect_leaks=1 tests sanitize . ;;
+      ASAN_OPTIONS=detect_leaks=1 tests sanitize . 1100 ;;
     preloaded)
       # The library alone with AddressSanitizer, beneath plain tests that use it as hosts do.
       plain
@@ -82,17 +95,16 @@ run_part() {
       configure threads -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 -DL5KOV_SANITIZE=thread \
         -DL5KOV_BUILD_SIMULATOR=OFF
       build threads reliability_race java_test monitor_thread_test calibrator_cancel_test
-      tests threads '^(Race|Threads|HandleOnThreads|HandleOfTheFirstThread|Cancel|StartUp|DeleteJavaVm|JavaExceptionTest)\.' ;;
+      tests threads '^(Race|Threads|HandleOnThreads|HandleOfTheFirstThread|Cancel|StartUp|DeleteJavaVm|JavaExceptionTest)\.' 80 ;;
     xcheck)
       tools/setup/java-runtimes.sh "$out/plain/runtimes"
       configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo "-DL5KOV_TEST_FOLDERS=$fake;real"
       build plain real_tests
       ctest --test-dir "$out/plain" -j "$jobs" --no-tests=error --output-on-failure -R '^real\.' ;;
     valgrind)
-      plain
-      LD_LIBRARY_PATH=$(vendors plain) valgrind --error-exitcode=9 --leak-check=full \
-        --show-leak-kinds=definite --errors-for-leak-kinds=definite \
-        "$out/plain/bin/reliability_every_call_fails" --gtest_filter='*LookUps*' ;;
+      GTEST_FILTER='*LookUps*' over_fake_java reliability_every_call_fails valgrind \
+        --error-exitcode=9 --leak-check=full --show-leak-kinds=definite \
+        --errors-for-leak-kinds=definite ;;
     fuzz)
       fuzz/build.sh "$fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
       fuzz/run.sh "$fuzz" "${FUZZ_SECONDS:-60}" ;;
@@ -102,7 +114,7 @@ run_part() {
     long)
       read -ra amounts <<<"${LONG_RUN:-10000000 20000 1000}"
       long_run long "${amounts[@]}" ;;
-    calibrations) long_run calibrations 0 0 5000 ;;
+    calibrations) long_run calibrations 0 0 5000 --calibration-bytes 64 ;;
     mutate)
       rm -rf "$out/copy"; mkdir -p "$out/copy"; git archive HEAD | tar -x -C "$out/copy"
       cmake -S "$out/copy" -B "$out/mutants" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
@@ -114,7 +126,7 @@ run_part() {
     coverage)
       configure coverage -DCMAKE_BUILD_TYPE=Debug -DL5KOV_COVERAGE=ON -DL5KOV_BUILD_SIMULATOR=OFF
       build coverage
-      tests coverage . >"$out/coverage.tests.txt"
+      tests coverage . 950 >"$out/coverage.tests.txt"
       gcovr --root . --object-directory "$out/coverage" --exclude-throw-branches \
         --exclude-unreachable-branches --filter 'pocketjson/' --filter 'java/' --filter 'monitor/' \
         --filter 'calibration/' --filter 'platform/' --filter 'include/'
