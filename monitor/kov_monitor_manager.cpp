@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "lumora/kov/kov_monitor_manager.h"
 
-#include <memory>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 #include "java/java_classes.h"
 #include "java/local_frame.h"
@@ -24,11 +24,6 @@ constexpr const char* kNoMonitor = "Can not find monitor";
 
 constexpr unsigned kPollMilliseconds = 1000;
 constexpr int kPolls = 180;
-
-Monitor handleOf(JApiMonitor&& monitor) {
-  auto shared = std::make_shared<const java::Kept<JApiMonitor>>(std::move(monitor));
-  return Monitor(new MonitorControlKov(std::move(shared)));
-}
 
 }  // namespace
 
@@ -68,7 +63,8 @@ std::vector<Monitor> KovMonitorManager::getMonitors() {
   std::optional<LocalFrame> further;  // a list of any length leaves no more than a frame announces
   for (std::int32_t i = 0; i < size; ++i) {
     if (i > 0 && i % LocalFrame::kMany == 0) further.emplace(LocalFrame::kMany);
-    result.push_back(handleOf(java::wrap<JApiMonitor>(frame.thread(), list.get(i))));
+    result.push_back(
+        MonitorControlKov::handleOf(java::wrap<JApiMonitor>(frame.thread(), list.get(i))));
   }
   return result;
 }
@@ -79,7 +75,7 @@ Monitor KovMonitorManager::getMonitorByName(const std::string& monitorName,
   JApiMonitor monitor =
       JApiMonitorLibrary::getInstance(frame.thread()).getMonitor(monitorName, monitorKey);
   if (monitor.isNull()) throw std::logic_error(kNoMonitor);
-  return handleOf(std::move(monitor));
+  return MonitorControlKov::handleOf(std::move(monitor));
 }
 
 }  // namespace lumora::kov

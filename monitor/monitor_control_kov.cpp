@@ -13,6 +13,7 @@
 namespace lumora::kov {
 namespace {
 
+using java::JApiMonitor;
 using java::LocalFrame;
 
 constexpr const char* kMonochrome = "Monochrome";
@@ -25,6 +26,12 @@ std::string paddedSerial(const std::string& serial) {
 }
 
 }  // namespace
+
+// Two pieces of memory: the shared reference, and the control with the count of its handles.
+Monitor MonitorControlKov::handleOf(JApiMonitor&& monitor) {
+  auto shared = std::make_shared<const java::Kept<JApiMonitor>>(std::move(monitor));
+  return Monitor(std::make_shared<MonitorControlKov>(std::move(shared)));
+}
 
 MonitorControlKov::MonitorControlKov(SharedMonitor monitor) : monitor(std::move(monitor)) {}
 MonitorControlKov::~MonitorControlKov() = default;

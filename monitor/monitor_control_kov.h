@@ -8,6 +8,7 @@
 
 #include "java/api_monitor.h"
 #include "java/kept.h"
+#include "lumora/monitor.h"
 #include "lumora/monitor_control.h"
 
 namespace lumora::kov {
@@ -17,6 +18,9 @@ namespace lumora::kov {
 class MonitorControlKov : public MonitorControl {
  public:
   using SharedMonitor = std::shared_ptr<const java::Kept<java::JApiMonitor>>;
+
+  // A handle with a control of its own.
+  static Monitor handleOf(java::JApiMonitor&& monitor);
 
   explicit MonitorControlKov(SharedMonitor monitor);
   ~MonitorControlKov() override;

@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "l5kov/export.h"
@@ -14,6 +15,10 @@
 #include "pocketjson/value.h"
 
 namespace lumora {
+
+namespace kov {
+class MonitorControlKov;
+}
 
 /// A monitor of the workstation, as kov::KovMonitorManager hands it out: a small value, freely
 /// copied; copies address the same monitor.
@@ -90,6 +95,13 @@ class L5KOV_API Monitor {
                           long long handle) const;
 
  private:
+  friend class kov::MonitorControlKov;
+
+  // Shares a control of the library's own that has been made in one piece with its count. A
+  // template, and so, unlike the other members, no part of what the library exports.
+  template <class Control>
+  explicit Monitor(std::shared_ptr<Control> made) noexcept : control(std::move(made)) {}
+
   std::shared_ptr<MonitorControl> control;
 };
 

@@ -22,6 +22,8 @@ using Calls = std::vector<std::string>;
 static_assert(!std::is_default_constructible_v<Monitor>, "there is no empty handle to begin with");
 static_assert(!std::is_convertible_v<lumora::MonitorControl*, Monitor>,
               "ownership is not taken unasked");
+static_assert(!std::is_constructible_v<Monitor, std::shared_ptr<HostControl>>,
+              "a control is shared by handles alone");
 static_assert(std::is_nothrow_move_constructible_v<Monitor> &&
                   std::is_nothrow_move_assignable_v<Monitor>,
               "vectors of handles move them");
