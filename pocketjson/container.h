@@ -10,12 +10,13 @@
 
 #include <pocketjson/value.h>
 
+#include "pocketjson/first_node.h"
 #include "pocketjson/member_key.h"
 
 namespace pocketjson {
 
 using Elements = std::vector<Value>;
-using Members = std::map<MemberKey, Value, KeyLess>;
+using Members = std::map<MemberKey, Value, KeyLess, FirstNodeAllocator<Member>>;
 
 /// The held type is one of std::string, Elements and Members; the tag of the value that owns the
 /// container says which.
@@ -26,6 +27,22 @@ class Value::Container final : public AbstractContainer {
   explicit Container(Args&&... args) : held(std::forward<Args>(args)...) {}
 
   T held;
+};
+
+/// The first member of an object lies inside it.
+template <>
+class Value::Container<Members> final : public AbstractContainer {
+ public:
+  Container() : held(Members::allocator_type(room)) {}
+  explicit Container(const Members& members) : held(members, Members::allocator_type(room)) {}
+  template <class Iterator>
+  Container(Iterator first, Iterator last) : held(first, last, Members::allocator_type(room)) {}
+
+ private:
+  FirstNodeRoom room;
+
+ public:
+  Members held;
 };
 
 template <typename T>

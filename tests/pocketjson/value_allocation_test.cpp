@@ -4,7 +4,9 @@
 #include <pocketjson/value.h>
 
 #include <functional>
+#include <map>
 #include <new>
+#include <string>
 
 #include "counting_new.h"
 #include "describe.h"
@@ -81,6 +83,34 @@ TEST(ValueAllocation, ScalarsAllocateNothing) {
 TEST(ValueAllocation, AKeyedWriteToAnExistingMemberAllocatesNothing) {
   Value value = sample();
   EXPECT_EQ(allocationsOf([&] { value["nested"]["number"] = 2; }), 0);
+}
+
+TEST(ValueAllocation, AnObjectsFirstMemberLiesInsideIt) {
+  Value value;
+  EXPECT_EQ(allocationsOf([&] { value["calibrationTarget"]["lmin"] = 0.5; }), 2);
+  EXPECT_EQ(allocationsOf([&] { value["calibrationTarget"]["lmax"] = 300.0; }), 1);
+  Value copy = value;
+  EXPECT_EQ(allocationsOf([&] { copy["calibrationTarget"]["lmin"] = 0.25; }), 3);
+  value = Value();
+  EXPECT_EQ(
+      describe(copy),
+      describe(std::map<std::string, Value>{
+          {"calibrationTarget", std::map<std::string, Value>{{"lmax", 300.0}, {"lmin", 0.25}}}}));
+}
+
+// The member's place inside the object is gone then; the next one needs memory.
+TEST(ValueAllocation, AFirstMemberThatCannotBeMadeLeavesTheObjectUsable) {
+  const std::string key(100, 'k');
+  Value value;
+  value.setType(Value::Object);
+  {
+    const counting::FailAfter failing(0);
+    EXPECT_THROW(value[key], std::bad_alloc);
+  }
+  EXPECT_EQ(value.size(), 0u);
+  value[key] = 1;
+  value["b"] = 2;
+  EXPECT_EQ(value[key].asInt() + value["b"].asInt(), 3);
 }
 
 TEST(ValueAllocation, ReadingNumbersFromPlainTextsAllocatesNothing) {
