@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# The library over the Java runtime that builds it, with the simulator.
+# The library over the Java runtime that builds it, with the simulator; on Windows over the newest.
 set(classes ${CMAKE_CURRENT_BINARY_DIR}/classes)
 set(planted ${CMAKE_CURRENT_BINARY_DIR}/planted)
 set(throwing ${CMAKE_CURRENT_BINARY_DIR}/throwing.jar)
@@ -14,15 +14,25 @@ add_custom_command(OUTPUT ${throwing}
   VERBATIM)
 add_custom_target(reliability_jars DEPENDS ${throwing})
 
-get_filename_component(home ${L5KOV_JAVAC} REALPATH)
-get_filename_component(home ${home}/../.. ABSOLUTE)
+if(WIN32)
+  file(GLOB homes ${L5KOV_WINDOWS_SYSROOT}/jre-*)
+  if(NOT homes)
+    return()
+  endif()
+  list(GET homes -1 home)
+  set(system windows)
+else()
+  get_filename_component(home ${L5KOV_JAVAC} REALPATH)
+  get_filename_component(home ${home}/../.. ABSOLUTE)
+  set(system posix)
+endif()
 set(root ${CMAKE_CURRENT_BINARY_DIR}/appdata)
 # reliability_add_real(NAME SOURCE LIBRARY): a program over that runtime
 function(reliability_add_real name source library)
   add_executable(${name}
     ${source}
     ${PROJECT_SOURCE_DIR}/tests/real/support.cpp
-    ${PROJECT_SOURCE_DIR}/tests/real/system_posix.cpp)
+    ${PROJECT_SOURCE_DIR}/tests/real/system_${system}.cpp)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE
     l5kov_options ${library} l5kov_jni meter_x64 chroma_x64 GTest::gtest ${CMAKE_DL_LIBS})
@@ -36,13 +46,18 @@ add_dependencies(reliability_real_faults simulator reliability_jars)
 add_custom_command(TARGET reliability_real_faults POST_BUILD
   COMMAND ${CMAKE_COMMAND} -E rm -rf ${root}
   COMMAND ${CMAKE_COMMAND} -DROOT=${root} -DJAVA_HOME=${home} -DSIMULATOR_DIR=${L5KOV_SIMULATOR_DIR}
-          -P ${PROJECT_SOURCE_DIR}/simulator/layout.cmake
+          -DWINDOWS=${WIN32} -DLINK=ON -P ${PROJECT_SOURCE_DIR}/simulator/layout.cmake
   VERBATIM)
 reliability_add_real(reliability_real_cancel real_cancel_test.cpp l5kov_stepclock)
 add_dependencies(reliability_real_cancel reliability_real_faults)
+set(filter "")
+if(WIN32)
+  # There the class path ends with a separator, and so with the current folder.
+  set(filter TEST_FILTER "-CurrentFolder.*")
+endif()
 foreach(name reliability_real_faults reliability_real_cancel)
   target_link_libraries(${name} PRIVATE GTest::gtest_main)
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180
+  gtest_discover_tests(${name} ${filter} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180
     ENVIRONMENT "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${L5KOV_SIMULATOR_DIR}")
 endforeach()
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A broken plug-in installation, and a hostile surrounding, over the real Java runtime: what the
 // host sees. Each test lays out an installation of its own, with one thing wrong.
-#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <jni.h>
 
@@ -48,8 +47,7 @@ std::string outcomeOf(Operation operation) {
 class BrokenInstallation : public testing::Test {
  protected:
   BrokenInstallation() {
-    fs::copy(Workstation::root(), root,
-             fs::copy_options::recursive | fs::copy_options::copy_symlinks);
+    realtest::system::copyInstallation(Workstation::root(), root);
     realtest::system::setVariable("L5KOV_COMMON_APPDATA", root.string());
   }
   ~BrokenInstallation() override {
@@ -64,12 +62,17 @@ class BrokenInstallation : public testing::Test {
   fs::path dataImportJar() const {
     return plugins() / "com.orva.lumora.dataImport/external/dataImport.jar";
   }
-  // In place of the linked Java runtime: nothing but a library file.
+  // The runtime's own.
+  std::string runtimeLibrary() const {
+    return contentOf(plugins() / "com.orva.lumora.jre/jre" / realtest::system::runtimeLibrary());
+  }
+  // In place of the Java runtime: nothing but a library file.
   fs::path ownRuntime() const {
     const fs::path jre = plugins() / "com.orva.lumora.jre/jre";
-    fs::remove(jre);
-    fs::create_directories(jre / "lib/server");
-    return jre / "lib/server/libjvm.so";
+    fs::rename(jre, folder / "whole");
+    const fs::path file = jre / realtest::system::runtimeLibrary();
+    fs::create_directories(file.parent_path());
+    return file;
   }
   // The maker's library is not there: start-up succeeds, and the first use says what is missing.
   static void expectTheLibraryToBeMissed() {
@@ -140,22 +143,17 @@ TEST_F(BrokenInstallation, WithAClassOfANewerJava) {
 }
 
 TEST_F(BrokenInstallation, WithARuntimeOf32Bits) {
-  std::string library = contentOf(plugins() / "com.orva.lumora.jre/jre/lib/server/libjvm.so");
-  ASSERT_EQ(library.substr(0, 4),
-            "\x7F"
-            "ELF");
-  library[4] = 1;  // EI_CLASS: ELFCLASS32
+  const std::string library = runtimeLibrary();
   const fs::path file = ownRuntime();
-  write(file, library);
+  write(file, realtest::system::as32Bits(library));
   // Whole, so that it is the loader that refuses it, and for its bits.
-  EXPECT_EQ(dlopen(file.c_str(), RTLD_NOW), nullptr);
-  const std::string reason = dlerror();
-  EXPECT_NE(reason.find("wrong ELF class: ELFCLASS32"), std::string::npos) << reason;
+  EXPECT_TRUE(realtest::system::isRefusedForItsBits(file));
   EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
   EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
 }
 TEST_F(BrokenInstallation, WithATruncatedRuntime) {
-  const std::string library = contentOf(plugins() / "com.orva.lumora.jre/jre/lib/server/libjvm.so");
+  const std::string library = runtimeLibrary();
+  ASSERT_GT(library.size(), 8192u);
   write(ownRuntime(), library.substr(0, 8192));
   EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
 }
