@@ -14,6 +14,7 @@ mistake that no test notices fails the run. One that does not compile is none an
 """
 import argparse
 import collections
+import itertools
 import pathlib
 import re
 import subprocess
@@ -102,8 +103,8 @@ def noticed(folder, tests, jobs):
 def strike(copy, folder, mutation, jobs):
     file = copy / mutation["file"]
     original = file.read_text()
-    if original.count(mutation["old"]) < 1:
-        return "not in the file", ""
+    if original.count(mutation["old"]) != 1:
+        return "not in the file once", ""
     file.write_text(original.replace(mutation["old"], mutation["new"], 1))
     try:
         if build(folder, jobs).returncode:
@@ -112,6 +113,13 @@ def strike(copy, folder, mutation, jobs):
         return ("noticed", f"{found[0]} ({found[1]})") if found else ("NOT NOTICED", "")
     finally:
         file.write_text(original)
+
+
+def first_difference(old, new):
+    """The first line that the mistake changes, as it was and as it is."""
+    lines = itertools.zip_longest(old.strip().splitlines(), new.strip().splitlines(), fillvalue="")
+    was, now = next(pair for pair in lines if pair[0] != pair[1])
+    return was.strip() or "(added)", now.strip() or "(dropped)"
 
 
 def write_table(file, rows):
@@ -147,8 +155,7 @@ def main():
     for mutation in wanted:
         verdict, by = strike(given.copy, given.build, mutation, given.jobs)
         bad += verdict != "noticed"
-        old = mutation["old"].strip().splitlines()[0]
-        new = (mutation["new"].strip().splitlines() or ["(dropped)"])[0]
+        old, new = first_difference(mutation["old"], mutation["new"])
         rows.append((mutation["file"], old, new, by or verdict))
         print(f"{verdict:16} {mutation['file']}: {old} -> {new}: {by}", flush=True)
     build(given.build, given.jobs)
