@@ -56,6 +56,17 @@ class Doctor(KovctlTest):
         self.assertEqual(checks["plugins"]["state"], "FAIL")
         self.assertEqual(checks["catalogue"]["state"], "skip")
 
+    def test_folder_beyond_ascii(self):
+        """On Windows Java reads the class path in another encoding, and finds no jar there."""
+        folder = self.folder / "Données"
+        self.root.rename(folder)
+        self.environment["L5KOV_COMMON_APPDATA"] = str(folder)
+        checks = self.checks(code=5 if WINDOWS else 0)
+        for name in ("application-data", "runtime-library", "library-jar", "name-table",
+                     "java-start"):
+            self.assertEqual(checks[name]["state"], "ok", checks[name])
+        self.assertEqual(checks["catalogue"]["state"], "FAIL" if WINDOWS else "ok")
+
     def test_no_runtime(self):
         (self.plugins / "com.orva.lumora.jre/jre").unlink()
         checks = self.finds("runtime-library", "missing")
