@@ -16,16 +16,19 @@ expect() {  # text, file
   grep -qF -- "$1" "$2" || { cat "$2" >&2; fail "\"$1\" is missing"; }
 }
 
-rm -rf "$work"
-mkdir -p "$work/prefix" "$work/unpacked"
+mkdir -p "$work/prefix"
 # Nothing of the other tests' prefix: here the shell has its own folder, C:\ProgramData.
 root=$(cd "$here/../.." && pwd)
 L5KOV_WINEPREFIX=$work/prefix
 . "$here/wineserver.sh"
 export WINEDEBUG=-all WINEDLLOVERRIDES=mscoree,mshtml= JAVA_HOME='C:\java\'
 unset L5KOV_COMMON_APPDATA
-start_wineserver
+# A run that was ended has left its server behind, which is known by the folder's own number.
+stop_wineserver
+rm -rf "$work"
+mkdir -p "$work/prefix" "$work/unpacked"
 trap stop_wineserver EXIT
+start_wineserver
 wine=$(PATH=/usr/lib/wine:$PATH command -v wine64)
 "$wine" wineboot -i >"$work/wineboot.log" 2>&1
 c=$WINEPREFIX/drive_c
