@@ -83,15 +83,19 @@ void textCalls(benchmark::State& state) {
   });
 }
 
+template <bool kChecked>
 void textCallsByHand(benchmark::State& state) {
   const bench::RawJava& r = raw();
   measure(state, [&r] {
     std::size_t letters = 0;
+    if constexpr (kChecked) r.env->PushLocalFrame(32);
     for (int i = 0; i < kTexts; ++i) {
-      const jobject text = r.env->CallObjectMethod(r.monitor, r.getModel);
+      const auto call = [&r] { return r.env->CallObjectMethod(r.monitor, r.getModel); };
+      const jobject text = kChecked ? checked(r.env, call) : call();
       letters += copyOfText(r.env, text).size();
-      r.env->DeleteLocalRef(text);
+      if constexpr (!kChecked) r.env->DeleteLocalRef(text);
     }
+    if constexpr (kChecked) r.env->PopLocalFrame(nullptr);
     return letters;
   });
 }
@@ -153,7 +157,8 @@ BENCHMARK(textCall)->Name("text_call/library");
 BENCHMARK(textCallByHand)->Name("text_call/raw");
 BENCHMARK(textCallChecked)->Name("text_call/raw_checked");
 BENCHMARK(textCalls)->Name("text_calls/library");
-BENCHMARK(textCallsByHand)->Name("text_calls/raw");
+BENCHMARK(textCallsByHand<false>)->Name("text_calls/raw");
+BENCHMARK(textCallsByHand<true>)->Name("text_calls/raw_checked");
 BENCHMARK(queryInt)->Name("query_int/library");
 BENCHMARK(queryIntByHand)->Name("query_int/raw");
 // Beside the least that answers the same.

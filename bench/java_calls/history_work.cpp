@@ -191,10 +191,12 @@ void historyByHand(benchmark::State& state) {
     const jint size = read.number(list, r.listSize);
     result.reserve(static_cast<std::size_t>(size));
     for (jint i = 0; i < size; ++i) {
+      r.env->PushLocalFrame(32);  // else the references of all entries would lie there at once
       const jobject entry = read.kept(
           read.call([&] { return r.env->CallObjectMethod(list, r.listGet, i); }));
       result.push_back(readEntry(read, ids, entry));
       read.drop(entry);
+      r.env->PopLocalFrame(nullptr);
     }
     r.env->PopLocalFrame(nullptr);
     return result;

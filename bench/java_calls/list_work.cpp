@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What grows with the installation: monitors, and look-up tables of one.
 #include <memory>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -33,7 +34,8 @@ class RawMonitors {
 };
 
 // The ownership that a handle promises, by hand: the reference is shared, a control that is called
-// through virtual functions shares it, and copies of the handle share the control.
+// through virtual functions shares it, and copies of the handle share the control. Library and list
+// are held by references, too, while they are asked.
 struct RawReference {
   explicit RawReference(jobject reference) : reference(reference) {}
   RawReference(const RawReference&) = delete;
@@ -58,7 +60,8 @@ void makeRoom(RawHandles& result, jint size) {
 }
 void hold(RawMonitors& result, jobject reference) { result.references.push_back(reference); }
 void hold(RawHandles& result, jobject reference) {
-  result.controls.emplace_back(new RawControl(std::make_shared<RawReference>(reference)));
+  result.controls.push_back(
+      std::make_shared<RawControl>(std::make_shared<RawReference>(reference)));
 }
 
 template <bool kChecked, class Result>
@@ -69,17 +72,24 @@ void monitorsByHand(benchmark::State& state) {
     if constexpr (kChecked) return checked(r.env, work);
     return work();
   };
+  constexpr bool kHandles = std::is_same_v<Result, RawHandles>;
+  const auto kept = [&r](jobject local) { return kHandles ? r.env->NewGlobalRef(local) : local; };
   measure(state, [&] {
     Result result;
     r.env->PushLocalFrame(1024);
-    const jobject library =
-        call([&] { return r.env->CallStaticObjectMethod(r.monitorLibraryClass, r.getInstance); });
-    const jobject list = call([&] { return r.env->CallObjectMethod(library, r.getMonitors); });
+    const jobject library = kept(
+        call([&] { return r.env->CallStaticObjectMethod(r.monitorLibraryClass, r.getInstance); }));
+    const jobject list =
+        kept(call([&] { return r.env->CallObjectMethod(library, r.getMonitors); }));
     const jint size = call([&] { return r.env->CallIntMethod(list, r.listSize); });
     makeRoom(result, size);
     for (jint i = 0; i < size; ++i) {
       const jobject monitor = call([&] { return r.env->CallObjectMethod(list, r.listGet, i); });
       hold(result, r.env->NewGlobalRef(monitor));
+    }
+    if constexpr (kHandles) {
+      r.env->DeleteGlobalRef(list);
+      r.env->DeleteGlobalRef(library);
     }
     r.env->PopLocalFrame(nullptr);
     return result;

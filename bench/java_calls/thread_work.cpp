@@ -75,6 +75,19 @@ void threadByHand(benchmark::State& state) {
   bench::report(state, taken);
 }
 
+// What of it is the Java runtime's own, whatever is looked up.
+void threadAttached(benchmark::State& state) {
+  JavaVM* vm = nullptr;
+  bench::raw().env->GetJavaVM(&vm);
+  for (auto _ : state) {
+    state.SetIterationTime(secondsOfThread([vm] {
+      void* env = nullptr;
+      vm->AttachCurrentThread(&env, nullptr);
+      vm->DetachCurrentThread();
+    }));
+  }
+}
+
 // That many threads that have their environment at the same time.
 template <class Work>
 void atOnce(std::int64_t count, Work work) {
@@ -111,4 +124,5 @@ void threads(benchmark::State& state) {
 
 BENCHMARK(thread)->Name("thread/library")->UseManualTime();
 BENCHMARK(threadByHand)->Name("thread/raw")->UseManualTime();
+BENCHMARK(threadAttached)->Name("thread/attach_only")->UseManualTime();
 BENCHMARK(threads)->Name("threads/library")->Arg(1)->Arg(10)->Arg(100)->UseRealTime();
