@@ -3,19 +3,22 @@
 """Joins the measurements into one JSON and one table.
 
   report.py TARGETS.json FOLDER   reads work-*.json, processes.json, facts.json and
-                                  conditions.json there, writes results.json and table.md, and prints the table
+                                  conditions.json there, writes results.json and table.md, and
+                                  prints the table
 
-Each ratio is that of two medians over interleaved repetitions; of processes, which are measured in
-turn, it is the median of the ratios of neighbours. Its interval holds it with 95 %, by drawing the
-repetitions again. A limit is met or missed where the whole interval is on that side of it, and not
-decided where it lies across. What runs on one thread is compared by that
-thread's processor time, since a busy machine stretches the other (where a thread comes and goes, by
-that thread's own); whole processes, and many threads at once, by the clock.
+Each ratio is the median of those of neighbours: the i-th repetition of a work beside the i-th of
+what it is compared with, which ran about when it did, in the same process or, of whole processes,
+in the same turn. Its interval holds it with 95 %: rounds are drawn again, and of each drawn round
+its pairs. A limit is met or missed where the whole interval is on that side of it, and not decided
+where it lies across. What runs on one thread is compared by that thread's processor time, since a
+busy machine stretches the other (where a thread comes and goes, by that thread's own); whole
+processes, and many threads at once, by the clock.
 """
 import glob
 import json
 import os
 import random
+import re
 import statistics
 import sys
 
@@ -31,49 +34,50 @@ def read(folder, name):
         return json.load(file)
 
 
-def benchmark_rows(document):
-    """name -> times in ns and what was counted."""
-    rows = {}
-    for run in document.get("benchmarks", []):
-        if run.get("run_type") != "iteration" or run.get("error_occurred"):
-            continue
-        name = run["run_name"]
-        for suffix in ("/manual_time", "/real_time"):
-            name = name.replace(suffix, "")
+def add_round(rows, document):
+    """Adds one round's repetitions, in their order, to rows: name -> times in ns, a list a round,
+    and what was counted."""
+    runs = [run for run in document.get("benchmarks", [])
+            if run.get("run_type") == "iteration" and not run.get("error_occurred")]
+    begun = set()
+    for run in sorted(runs, key=lambda run: run.get("repetition_index", 0)):
+        name = re.sub(r"/(iterations:\d+|manual_time|real_time)\b", "", run["run_name"])
         row = rows.setdefault(name, {"cpu": [], "wall": []})
-        row["cpu"].append(run["cpu_time"])
-        row["wall"].append(run["real_time"])
+        if name not in begun:
+            begun.add(name)
+            row["cpu"].append([])
+            row["wall"].append([])
+        row["cpu"][-1].append(run["cpu_time"])
+        row["wall"][-1].append(run["real_time"])
         if "registering_ns" in run:
             row.setdefault("registering", []).append(run["registering_ns"])
         for counter in ("allocations", "bytes", "held", "steps"):
             if isinstance(run.get(counter), (int, float)):
                 row[counter] = run[counter]
-    return rows
 
 
 def times_of(row, name):
     return row["wall" if name.startswith(BY_THE_CLOCK) else "cpu"]
 
 
+def median(rounds):
+    return statistics.median(time for one in rounds for time in one)
+
+
 def time_of(row, name):
-    return statistics.median(times_of(row, name))
+    return median(times_of(row, name))
 
 
-def ratio_and_interval(ours, theirs, in_turn):
-    """The ratio, and where it lies with 95 %: the repetitions drawn again, a thousand times."""
+def ratio_and_interval(ours, theirs):
+    """The ratio, and where it lies with 95 %: drawn again, a thousand times."""
+    rounds = [[a / b for a, b in zip(*both)] for both in zip(ours, theirs)]
     lot = random.Random(1)
 
-    def drawn(times):
-        return statistics.median(lot.choices(times, k=len(times)))
+    def drawn():
+        return [lot.choices(one, k=len(one)) for one in lot.choices(rounds, k=len(rounds))]
 
-    if in_turn and len(ours) == len(theirs):
-        ratios = [a / b for a, b in zip(ours, theirs)]
-        ratio, again = statistics.median(ratios), [drawn(ratios) for _ in range(1000)]
-    else:
-        ratio = statistics.median(ours) / statistics.median(theirs)
-        again = [drawn(ours) / drawn(theirs) for _ in range(1000)]
-    again.sort()
-    return ratio, again[25], again[974]
+    again = sorted(median(drawn()) for _ in range(1000))
+    return median(rounds), again[25], again[974]
 
 
 def verdict(low, high, limit):
@@ -90,8 +94,7 @@ def compare(target, rows):
         if own not in rows or other not in rows:
             continue
         ours, theirs = rows[own], rows[other]
-        ratio, low, high = ratio_and_interval(times_of(ours, own), times_of(theirs, other),
-                                              ours.get("in_turn"))
+        ratio, low, high = ratio_and_interval(times_of(ours, own), times_of(theirs, other))
         yield {
             "work": target["work"] + ("" if size is None else f" ({size:,})"),
             "beside": target.get("beside", target["baseline"]),
@@ -113,9 +116,9 @@ def own_share(rows):
     if "calibration_own/library" not in rows or "calibration/library" not in rows:
         return None
     own, whole = rows["calibration_own/library"], rows["calibration/library"]
-    share, low, high = ratio_and_interval(own["wall"], whole["cpu"], False)
-    registering = statistics.median(own["registering"]) / statistics.median(whole["cpu"])
-    return {"steps": whole.get("steps", 0), "calibration_ns": statistics.median(whole["cpu"]),
+    share, low, high = ratio_and_interval(own["wall"], whole["cpu"])
+    registering = statistics.median(own["registering"]) / median(whole["cpu"])
+    return {"steps": whole.get("steps", 0), "calibration_ns": median(whole["cpu"]),
             "share": share, "low": low, "high": high, "registering": registering,
             "verdict": verdict(low, high, 0.01)}
 
@@ -184,8 +187,11 @@ def fact_lines(facts, rows):
 def machine_lines(conditions, comparisons):
     judged = [row["verdict"] for row in comparisons if row["limit"] is not None]
     rank = "before all other processes" if conditions["before_all_others"] else "among others"
-    yield (f"{conditions['cores']} cores ({conditions['processor']}), {conditions['system']}, "
-           f"{conditions['compiler']}, OpenJDK {conditions['java']}. Load when the measurements began: "
+    yield (f"Commit {conditions['commit']}; {conditions['repetitions']} repetitions in "
+           f"{conditions['rounds']} rounds, of whole processes "
+           f"{conditions['process_repetitions']}. {conditions['cores']} cores "
+           f"({conditions['processor']}), {conditions['system']}, {conditions['compiler']}, OpenJDK "
+           f"{conditions['java']}. Load when the measurements began: "
            f"{conditions['load_before']:.1f}; they ran {rank}. Of {len(judged)} rows with a limit "
            f"{judged.count('met')} are met, {judged.count('**missed**')} missed, "
            f"{judged.count('not decided')} not decided.")
@@ -196,8 +202,8 @@ def main(targets_path, folder):
         targets = json.load(file)
     rows = {}
     for path in sorted(glob.glob(os.path.join(folder, "work-*.json"))):
-        rows.update(benchmark_rows(read(folder, os.path.basename(path))))
-    rows.update({name: {"cpu": times, "wall": times, "in_turn": True}
+        add_round(rows, read(folder, os.path.basename(path)))
+    rows.update({name: {"cpu": [times], "wall": [times]}
                  for name, times in read(folder, "processes.json").items()})
     comparisons = [row for target in targets for row in compare(target, rows)]
     share, facts = own_share(rows), read(folder, "facts.json")
@@ -206,7 +212,7 @@ def main(targets_path, folder):
              "sizes": size_lines(cost_over_size(rows)), "library": fact_lines(facts, rows)}
     parts = {name: "\n".join(lines) for name, lines in parts.items()}
     with open(os.path.join(folder, "results.json"), "w", encoding="utf-8") as file:
-        json.dump({"load_before": read(folder, "conditions.json").get("load_before"),
+        json.dump({"conditions": read(folder, "conditions.json"),
                    "comparisons": comparisons, "calibration": share, "library": facts,
                    "sizes": cost_over_size(rows), "tables": parts, "measurements": rows}, file,
                   indent=1)
