@@ -36,11 +36,14 @@ class Doctor(KovctlTest):
                                 .replace("</ModelInfo>", "</ModelInfo><ModelInfo><ModelName>OR-M215"
                                          "</ModelName></ModelInfo>", 1))
         checks = self.checks(code=0)
-        self.assertEqual({check["state"] for check in checks.values()}, {"ok"})
+        # On Windows the rights are not looked at.
+        self.assertEqual({check["state"] for name, check in checks.items()
+                          if not WINDOWS or name != "rights"}, {"ok"})
+        self.assertEqual(checks["rights"]["state"], "skip" if WINDOWS else "ok")
         self.assertIn("112", checks["catalogue"]["found"])
         self.assertIn("x86-64", checks["runtime-library"]["found"])
         self.assertRegex(checks["runtime-version"]["found"], r"^\d+")
-        self.assertEqual(len(checks), 19)
+        self.assertEqual(len(checks), 20)
 
     def test_text_output(self):
         result = self.run_kovctl("doctor")
@@ -109,6 +112,42 @@ class Doctor(KovctlTest):
     def test_java_options_that_ask_for_no_memory(self):
         self.environment["JAVA_TOOL_OPTIONS"] = "-Dsome.property=1"
         self.assertEqual(self.checks(code=0)["java-options"]["state"], "ok")
+
+    def test_java_options_in_a_file(self):
+        for option in ("-XX:Flags=some", "-Da=b -XX:VMOptionsFile=some", "@some", "-Da=b @some"):
+            with self.subTest(option):
+                self.environment["_JAVA_OPTIONS"] = option
+                self.assertIn("not looked into: _JAVA_OPTIONS=" + option,
+                              self.java_options("warn"))
+        self.environment["_JAVA_OPTIONS"] = "-Da=@b -Dc=d@e"
+        self.java_options("ok")
+
+    def java_options(self, state):
+        """Whatever Java makes of them."""
+        process = self.finish(self.start("doctor", "--json"))
+        checks = {check["id"]: check for check in schemas.check(process.json)["checks"]}
+        self.assertEqual(checks["java-options"]["state"], state)
+        return checks["java-options"]["found"]
+
+    @not_under_wine("its rights are not looked at")
+    def test_rights(self):
+        folders = [self.root, self.root / "ORVA/Lumora5", self.plugins, self.jar.parent]
+        for path in folders:
+            path.chmod(0o757)
+        self.jar.chmod(0o646)
+        checks = self.finds("rights", "others than the owner", state="warn")
+        for path in (*folders, self.jar):
+            self.assertRegex(checks["rights"]["found"], f" {path}(,|$)")
+        self.assertNotIn("dataImport", checks["rights"]["found"])
+        for path in (*folders, self.jar):
+            path.chmod(0o755)
+        if os.getuid() == 0:  # the group of root is as good as root
+            self.jar.chmod(0o664)
+            self.assertEqual(self.checks(code=0)["rights"]["state"], "ok")
+            os.chown(self.jar, -1, 1)
+        self.jar.chmod(0o664)
+        checks = self.finds("rights", str(self.jar), state="warn")
+        self.assertNotIn(",", checks["rights"]["found"])
 
     def test_no_jar(self):
         self.jar.unlink()

@@ -190,6 +190,7 @@ void checkFiles(CheckList& list, const PluginLayout& layout) {
   checkFolders(list, layout);
   checkRuntime(list, layout);
   checkJars(list, layout);
+  checkRights(list, layout);
   checkNameTable(list, layout);
   checkVendorLibraries(list);
   checkJavaOptions(list);

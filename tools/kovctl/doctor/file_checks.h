@@ -11,6 +11,8 @@ namespace kovctl {
 void checkFolders(CheckList& list, const PluginLayout& layout);
 void checkRuntime(CheckList& list, const PluginLayout& layout);
 void checkJars(CheckList& list, const PluginLayout& layout);
+/// Who may change what every host runs.
+void checkRights(CheckList& list, const PluginLayout& layout);
 void checkNameTable(CheckList& list, const PluginLayout& layout);
 void checkVendorLibraries(CheckList& list);
 /// Where runs leave their notes and locks.

@@ -18,20 +18,35 @@ bool asksForHeap(const std::string& options) {
   return false;
 }
 
+// What is in such a file is not looked into.
+bool namesFile(const std::string& options) {
+  for (const char* part : {"-XX:Flags=", "-XX:VMOptionsFile=", " @"}) {
+    if ((' ' + options).find(part) != std::string::npos) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 // A heap that cannot be had is fatal: while it starts, Java ends the process that hosts it.
 void checkJavaOptions(CheckList& list) {
   std::string found;
+  bool inFile = false;
   for (const char* name : {"JAVA_TOOL_OPTIONS", "_JAVA_OPTIONS"}) {
     const char* const value = std::getenv(name);
     if (value != nullptr && *value != '\0') {
       found += (found.empty() ? "" : "; ") + std::string(name) + "=" + value;
+      inFile = inFile || namesFile(value);
     }
   }
   if (asksForHeap(found)) {
     list.warn(kId, kTitle, "ask for memory: " + found,
               "take that out: where Java cannot have it, it ends the whole host's process");
+  } else if (inFile) {
+    list.warn(
+        kId, kTitle, "name a file of options, which was not looked into: " + found,
+        "look whether it asks for memory: where Java cannot have it, it ends the whole host's "
+        "process");
   } else {
     list.ok(kId, kTitle, found.empty() ? "none in the environment" : found);
   }

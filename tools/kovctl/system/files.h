@@ -24,6 +24,9 @@ bool exists(const std::string& path);
 bool isFolder(const std::string& path);
 /// Neither a file nor a folder: /dev/stdout, a pipe, NUL.
 bool isDevice(const std::string& path);
+/// Whether others than root and the owner may write to it, by its mode; false when it is missing.
+/// Nothing where rights are no mode (Windows).
+std::optional<bool> isWritableByOthers(const std::string& path);
 void removeFile(const std::string& path);
 /// With all that are missing above it. @throws std::runtime_error
 void makeFolder(const std::string& path);

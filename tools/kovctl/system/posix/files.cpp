@@ -135,6 +135,13 @@ bool isFolder(const std::string& path) {
   return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
+std::optional<bool> isWritableByOthers(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return false;
+  const bool byGroup = (status.st_mode & S_IWGRP) != 0 && status.st_gid != 0;
+  return byGroup || (status.st_mode & S_IWOTH) != 0;
+}
+
 bool isDevice(const std::string& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && !S_ISREG(status.st_mode) &&
