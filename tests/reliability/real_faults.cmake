@@ -50,16 +50,13 @@ add_custom_command(TARGET reliability_real_faults POST_BUILD
   VERBATIM)
 reliability_add_real(reliability_real_cancel real_cancel_test.cpp l5kov_stepclock)
 add_dependencies(reliability_real_cancel reliability_real_faults)
-set(filter "")
 set(labels "")
 if(WIN32)
   set(labels LABELS runtime)
-  # There the class path ends with a separator, and so with the current folder.
-  set(filter TEST_FILTER "-CurrentFolder.*")
 endif()
 foreach(name reliability_real_faults reliability_real_cancel)
   target_link_libraries(${name} PRIVATE GTest::gtest_main)
-  gtest_discover_tests(${name} ${filter} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180 ${labels}
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 180 ${labels}
     ENVIRONMENT "L5KOV_COMMON_APPDATA=${root};LD_LIBRARY_PATH=${L5KOV_SIMULATOR_DIR}")
 endforeach()
 

@@ -67,13 +67,14 @@ class Reasons:
 
     def of(self, side, name):
         for line in self.lines:
-            if line[0] == side and line[2] and re.fullmatch(line[1], name):
+            if line[0].rstrip("?") == side and line[2] and re.fullmatch(line[1], name):
                 self.used.add(line)
                 return line[2]
         return None
 
     def unused(self):
-        return [line[1] for line in self.lines if line not in self.used]
+        return [line[1] for line in self.lines
+                if line not in self.used and not line[0].endswith("?")]
 
 
 def main(linux_build, windows_build, results):
