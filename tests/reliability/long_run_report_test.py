@@ -63,7 +63,8 @@ class LongRunReport(unittest.TestCase):
     def test_calibrations(self):
         self.passes("calibrations", 1000, {"resident": 1325})
         self.fails("calibrations", 1000, {"resident": 1600}, "resident")
-        self.fails("calibrations", 5000, {"resident": 1000}, "resident", "--calibration-bytes", "64")
+        self.fails("calibrations", 5000, {"resident": 1000}, "resident",
+                   "--calibration-bytes", "64")
 
     def test_shrinking_passes(self):
         self.passes("operations", 10_000_000, {"resident": -5000, "own": -9000, "native": -900})

@@ -11,9 +11,9 @@ warm-up (the first quarter), as growth over the whole run, with its 95 % confide
 whose interval holds 0 is no growth that can be told from noise; the others are marked.
 
 --check ends with 1 when something grows beyond its limit even at the lower end of its interval:
-handles and descriptors at all, the Java heap by more than 64 KiB, memory (resident, native heap, the
-Java runtime's own) by more than 512 KiB and so many bytes for each operation, thread or calibration as
-BYTES_EACH has.
+handles and descriptors at all, the Java heap by more than 64 KiB, memory (resident, native heap,
+the Java runtime's own) by more than 512 KiB and so many bytes for each operation, thread or
+calibration as BYTES_EACH has.
 """
 import argparse
 import csv
@@ -64,7 +64,9 @@ def complaint(phase, count, name, least, bytes_each):
     if name == "its compilers'":
         return ""  # a part of the Java runtime's own
     allowed = ONCE_KIB + count * bytes_each[phase] / 1024
-    return f"grows by {least:,.0f} KiB at least, {allowed:,.0f} allowed" if least > allowed else ""
+    if least <= allowed:
+        return ""
+    return f"grows by {least:,.0f} KiB at least, {allowed:,.0f} allowed"
 
 
 def panel(phase, rows, left, width, height, top_value):

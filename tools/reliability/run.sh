@@ -8,8 +8,8 @@
 #        quick (what takes less than about a minute once built), all (each of them, hours last)
 # Builds lie in build/reliability; each part writes build/reliability/PART.txt.
 # Environment: FUZZ_SECONDS (60), FUZZ_FOLDER (build/reliability/fuzz), LONG_RUN
-# ("10000000 20000 1000"), jobs (all cores), PLAIN_FOLDER (a finished build with optimisation and debug
-# information, such as that of ./test, to be used for calls, allocations and valgrind).
+# ("10000000 20000 1000"), jobs (all cores), PLAIN_FOLDER (a finished build with optimisation and
+# debug information, such as that of ./test, to be used for calls, allocations and valgrind).
 # Debian packages beside those of ./test: clang-14 libclang-rt-14-dev valgrind gcovr binutils.
 set -euo pipefail
 cd "$(dirname "$0")/../.."
@@ -52,8 +52,8 @@ over_fake_java() {
 }
 vendors() { echo "$out/$1/tests/support/vendor"; }
 
-# long_run NAME OPERATIONS THREADS CALIBRATIONS [OPTION...]: over the Java runtime, with a plot; fails
-# when something grows beyond its limit
+# long_run NAME OPERATIONS THREADS CALIBRATIONS [OPTION...]: over the Java runtime, with a plot;
+# fails when something grows beyond its limit
 long_run() {
   local name=$1 amounts=("${@:2:3}"); shift 4
   plain; build plain reliability_long_run
@@ -70,7 +70,9 @@ run_part() {
     allocations) over_fake_java reliability_every_allocation_fails ;;
     race) plain; tests plain '^(Race|RealCancel)\.' 6 ;;
     hardening) plain; tests plain '^reliability_(hardening|set_user_id)$' 2 ;;
-    faults) plain; tests plain '^(BrokenInstallation|CurrentFolder|CarelessPlugin|NameTable|StartUpFailure|DelegateException)\.' 70 ;;
+    faults)
+      local suites='BrokenInstallation|CurrentFolder|CarelessPlugin|NameTable|StartUpFailure'
+      plain; tests plain "^($suites|DelegateException)\." 70 ;;
     sanitize)
       # All units, kovctl's too, and everything over the fake Java runtime.
       configure sanitize -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 \
@@ -95,7 +97,8 @@ run_part() {
       configure threads -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 -DL5KOV_SANITIZE=thread \
         -DL5KOV_BUILD_SIMULATOR=OFF
       build threads reliability_race java_test monitor_thread_test calibrator_cancel_test
-      tests threads '^(Race|Threads|HandleOnThreads|HandleOfTheFirstThread|Cancel|StartUp|DeleteJavaVm|JavaExceptionTest)\.' 80 ;;
+      local suites='Race|Threads|HandleOnThreads|HandleOfTheFirstThread|Cancel|StartUp'
+      tests threads "^($suites|DeleteJavaVm|JavaExceptionTest)\." 80 ;;
     xcheck)
       tools/setup/java-runtimes.sh "$out/plain/runtimes"
       configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo "-DL5KOV_TEST_FOLDERS=$fake;real"
