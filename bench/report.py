@@ -16,6 +16,7 @@ processes, and many threads at once, by the clock.
 """
 import glob
 import json
+import math
 import os
 import random
 import re
@@ -24,6 +25,21 @@ import sys
 
 # "thread/" tells its thread's processor time as its own time.
 BY_THE_CLOCK = ("thread/", "threads/", "kovctl_list/")
+
+
+# What calibration_samples.py tells apart.
+SAMPLED = {
+    "Java": "compiled Java, the Java runtime for it, the simulated monitor",
+    "host": "the host's functions and its instrument",
+    "measurements": "the Java runtime's functions that make the arrays of measurements, which the "
+                    "functions of a host in Java call, too",
+    "own code": "*the library's own code, the C++ runtime's included*",
+    "entering Java": "*the Java runtime's functions by which the library calls Java methods*",
+    "references and texts": "*those for references, texts, exceptions and frames*",
+    "registering": "*those that find the class and register the library's functions*",
+    "unknown": "not to be told",
+}
+THE_LIBRARYS = ("own code", "entering Java", "references and texts", "registering")
 
 
 def read(folder, name):
@@ -111,16 +127,26 @@ def compare(target, rows):
         }
 
 
-def own_share(rows):
-    """The library's own share of a calibration: measured in the calibration itself."""
-    if "calibration_own/library" not in rows or "calibration/library" not in rows:
+def own_share(rows, samples):
+    """The library's own share of a calibration: measured in that calibration itself, which is what
+    the benchmark's time and processor time are, and seen by samples of others."""
+    if "calibration_own/library" not in rows:
         return None
-    own, whole = rows["calibration_own/library"], rows["calibration/library"]
-    share, low, high = ratio_and_interval(own["wall"], whole["cpu"])
-    registering = statistics.median(own["registering"]) / median(whole["cpu"])
-    return {"steps": whole.get("steps", 0), "calibration_ns": median(whole["cpu"]),
-            "share": share, "low": low, "high": high, "registering": registering,
-            "verdict": verdict(low, high, 0.01)}
+    own, whole = rows["calibration_own/library"], rows.get("calibration/library", {})
+    bound = ratio_and_interval(own["wall"], own["cpu"])
+    registering = statistics.median(own["registering"]) / median(own["cpu"])
+    share, low, high = share_of_samples(samples) if samples else bound
+    return {"steps": whole.get("steps", 0), "calibration_ns": median(own["cpu"]),
+            "bound": bound, "registering": registering, "samples": samples,
+            "share": share, "low": low, "high": high, "verdict": verdict(low, high, 0.01)}
+
+
+def share_of_samples(samples):
+    """What a host in Java does without, of all, and where it lies with 95 %."""
+    every = sum(samples.values())
+    share = sum(samples.get(name, 0) for name in THE_LIBRARYS) / every
+    width = 1.96 * math.sqrt(share * (1 - share) / every)
+    return share, share - width, share + width
 
 
 def cost_over_size(rows):
@@ -158,9 +184,22 @@ def target_lines(comparisons, share):
     if share:
         yield (f"\nOf a calibration ({share['steps']:.0f} patches and measurements, "
                f"{share['calibration_ns'] / 1e6:.1f} ms) the library's own share is "
-               f"{share['share']:.2%} ({share['low']:.2%}–{share['high']:.2%}), of which the "
-               f"registration of its functions with the Java runtime is {share['registering']:.2%}; "
-               f"at most 1 %: {share['verdict']}.")
+               f"{share['share']:.2%} ({share['low']:.2%}–{share['high']:.2%}); at most 1 %: "
+               f"{share['verdict']}. By the clock at the library's borders, an upper bound: "
+               "{:.2%} ({:.2%}–{:.2%}), of which the ".format(*share["bound"]) +
+               f"registration of its functions is {share['registering']:.2%}.")
+        yield from sample_lines(share["samples"])
+
+
+def sample_lines(samples):
+    every = sum(samples.values())
+    if not every:
+        return
+    yield f"\n| Where {every:,} samples of calibrations were taken | samples | of all |"
+    yield "|---|---:|---:|"
+    for name, words in SAMPLED.items():
+        count = samples.get(name, 0)
+        yield f"| {words} | {count:,} | {count / every:.2%} |"
 
 
 def size_lines(sizes):
@@ -206,7 +245,7 @@ def main(targets_path, folder):
     rows.update({name: {"cpu": [times], "wall": [times]}
                  for name, times in read(folder, "processes.json").items()})
     comparisons = [row for target in targets for row in compare(target, rows)]
-    share, facts = own_share(rows), read(folder, "facts.json")
+    share, facts = own_share(rows, read(folder, "samples.json")), read(folder, "facts.json")
     parts = {"machine": machine_lines(read(folder, "conditions.json"), comparisons),
              "targets": target_lines(comparisons, share),
              "sizes": size_lines(cost_over_size(rows)), "library": fact_lines(facts, rows)}

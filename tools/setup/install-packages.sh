@@ -18,7 +18,7 @@ windows=(g++-mingw-w64-x86-64-posix wine64 googletest dpkg-dev python3 python3-j
 # Wanted only where the command of that name is missing: another packaging of it may be there.
 all_commands=(npm)
 
-bench=(libbenchmark-dev rapidjson-dev libboost-json1.81-dev binutils python3)
+bench=(libbenchmark-dev rapidjson-dev libboost-json1.81-dev binutils linux-perf python3)
 
 case "${1:-}" in
   build) wanted=("${build[@]}") ;;
