@@ -2,14 +2,16 @@
 # SPDX-License-Identifier: MIT
 """Where a calibration's processor time goes, by samples: no clock is asked on the way.
 
-  calibration_samples.py BUILD_FOLDER OUTPUT.json [SECONDS]
+  calibration_samples.py BUILD_FOLDER OUTPUT.json [PROCESSES [SECONDS]]
 
 Runs whole calibrations through the library under perf (Debian: linux-perf), which notes where the
-program is, and through whom it came there, some thousand times a second. Each sample of the
-calling thread belongs to whom it meets first on the way up from the innermost function: compiled
-Java or the simulated monitor, the host, or the library. What belongs to the library is told apart
-by the function of the Java runtime that it had called, if any. The first seconds, in which Java
-compiles, are left out. Writes {} where perf may not or cannot run.
+program is outside the system's kernel, and through whom it came there, some thousand times a
+second. Each sample of the calling thread belongs to whom it meets first on the way up from the
+innermost function: compiled Java or the simulated monitor, the host, or the library. Allocations
+belong to whom they are for. What belongs to the library is told apart by the function of the Java
+runtime that it had called, if any. The first seconds of each process, in which Java compiles, are
+left out. Writes a list of counts, one for each process; an empty one where perf may not or cannot
+run.
 """
 import collections
 import json
@@ -22,6 +24,8 @@ import tempfile
 FRAME = re.compile(r"\s+[0-9a-f]+ (.*) \((.*)\)$")
 OF_THE_HOST = ("libmeter", "bench_java")
 ARRAYS = ("jni_NewDoubleArray", "jni_SetDoubleArrayRegion")
+# The benchmark counts allocations: these are its own, in place of the C library's.
+ALLOCATION = ("malloc", "calloc", "realloc", "free")
 REGISTRATION = ("jni_RegisterNatives", "jni_FindClass")
 ENTERING = ("jni_Call", "jni_NewObject")
 
@@ -55,7 +59,9 @@ def of_the_library(inner):
 
 
 def owner(frames):
-    for at, (_, binary) in enumerate(frames):
+    for at, (function, binary) in enumerate(frames):
+        if function in ALLOCATION:
+            continue
         if binary.startswith("libl5kov"):
             return of_the_library(frames[:at])
         if binary.startswith(OF_THE_HOST):
@@ -66,16 +72,17 @@ def owner(frames):
 
 
 def sampled(build, seconds):
+    """One process's counts, or None."""
     environment = dict(os.environ, L5KOV_COMMON_APPDATA=f"{build}/application-data")
     with tempfile.TemporaryDirectory(dir=build) as folder:
         record = subprocess.run(
-            ["perf", "record", "-q", "-D", "5000", "-e", "cpu-clock:u", "-F", "2500",
+            ["perf", "record", "-q", "-N", "-D", "4000", "-e", "cpu-clock:u", "-F", "2500",
              "--call-graph", "dwarf,4096", "-o", f"{folder}/samples", f"{build}/bench/bench_java",
              "--benchmark_filter=^calibration/library", f"--benchmark_min_time={seconds}"],
             env=environment, capture_output=True, text=True, check=False)
         if record.returncode != 0:
             sys.stderr.write(f"no samples: {record.stderr.strip()[-200:]}\n")
-            return {}
+            return None
         with subprocess.Popen(
                 ["perf", "script", "-i", f"{folder}/samples", "--comm", "bench_java", "--no-inline",
                  "-F", "ip,sym,dso"], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
@@ -83,14 +90,18 @@ def sampled(build, seconds):
             return dict(collections.Counter(map(owner, stacks(script.stdout))))
 
 
-def main(build, output, seconds="30"):
+def main(build, output, processes="10", seconds="6"):
+    counts = []
     try:
-        counts = sampled(build, seconds)
+        while len(counts) < int(processes):
+            one = sampled(build, seconds)
+            if not one:
+                break
+            counts.append(one)
     except FileNotFoundError:
         sys.stderr.write("no samples: perf is not installed\n")
-        counts = {}
     with open(output, "w", encoding="utf-8") as file:
-        json.dump(counts, file)
+        json.dump(counts if len(counts) == int(processes) else [], file)
 
 
 if __name__ == "__main__":

@@ -103,12 +103,10 @@ class TimedInstrument : public Instrument {
 
 // All of a calibrator's life but what Java does in the calls that the library makes, and the host
 // in its functions. What else the library asks of the Java runtime (references, texts, the
-// registration of its functions, which is told apart) counts as its own. At each border the clock
-// answers once on our side.
-struct OwnTime {
-  std::chrono::nanoseconds all, registering;
-};
-OwnTime ownTimeOf(const bench::RawJava& r, jmethodID performCalibration, double clockAnswer) {
+// registration of its functions) counts as its own. At each border the clock answers once on our
+// side.
+std::chrono::nanoseconds ownTimeOf(const bench::RawJava& r, jmethodID performCalibration,
+                                   double clockAnswer, int& borders, int& steps) {
   TimedInstrument instrument;
   std::chrono::nanoseconds all{};
   const bench::WatchedCalls watched(r.env, performCalibration);
@@ -116,10 +114,10 @@ OwnTime ownTimeOf(const bench::RawJava& r, jmethodID performCalibration, double 
     const Stopwatch<ThreadClock> whole(all);
     if (bench::calibrate(instrument) <= 0) throw std::runtime_error("the calibration failed");
   }
-  const double clocks = clockAnswer * (watched.borders() + instrument.steps);
-  return {all - watched.inJava() + watched.inNatives() - instrument.inHost -
-              std::chrono::nanoseconds(static_cast<std::int64_t>(clocks)),
-          watched.registering()};
+  steps = instrument.steps;
+  borders = watched.borders() + instrument.steps;
+  return all - watched.inJava() + watched.inNatives() - instrument.inHost -
+         std::chrono::nanoseconds(static_cast<std::int64_t>(clockAnswer * borders));
 }
 
 // Nanoseconds, when nothing else comes between.
@@ -143,13 +141,14 @@ void ownShare(benchmark::State& state) {
   const jmethodID performCalibration = r.env->GetMethodID(
       r.monitorClass, "performCalibration", "(Ljava/util/List;ZIZLjava/lang/String;J)V");
   const double answer = clockAnswer();
-  double registering = 0.0;
+  int borders = 0, steps = 0;
   for (auto _ : state) {
-    const OwnTime own = ownTimeOf(r, performCalibration, answer);
-    state.SetIterationTime(std::chrono::duration<double>(own.all).count());
-    registering += static_cast<double>(own.registering.count());
+    const auto own = ownTimeOf(r, performCalibration, answer, borders, steps);
+    state.SetIterationTime(std::chrono::duration<double>(own).count());
   }
-  state.counters["registering_ns"] = registering / static_cast<double>(state.iterations());
+  state.counters["clock_ns"] = answer;
+  state.counters["borders"] = borders;
+  state.counters["steps"] = steps;
 }
 
 }  // namespace

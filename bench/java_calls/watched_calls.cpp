@@ -10,7 +10,7 @@ namespace {
 const JNINativeInterface_* own = nullptr;  // the Java runtime's functions
 JNINativeInterface_ watched;
 jmethodID longMethod = nullptr;
-std::chrono::nanoseconds inJavaSum, inNativesSum, registeringSum;
+std::chrono::nanoseconds inJavaSum, inNativesSum;
 int entered = 0;
 
 // Adds to one of the sums.
@@ -84,7 +84,6 @@ jint JNICALL registerNatives(JNIEnv* env, jclass clazz, const JNINativeMethod* m
     }
     if (!known) return JNI_ERR;
   }
-  const Border<WallClock> inside(registeringSum);
   return own->RegisterNatives(env, clazz, table.data(), count);
 }
 
@@ -102,7 +101,7 @@ WatchedCalls::WatchedCalls(JNIEnv* env, jmethodID method) : env(env) {
   Call<&JNINativeInterface_::CallStaticObjectMethodV>::watch();
   Call<&JNINativeInterface_::NewObjectV>::watch();
   longMethod = method;
-  inJavaSum = inNativesSum = registeringSum = {};
+  inJavaSum = inNativesSum = {};
   entered = 0;
   env->functions = &watched;
 }
@@ -112,6 +111,5 @@ WatchedCalls::~WatchedCalls() { env->functions = own; }
 int WatchedCalls::borders() const { return entered; }
 std::chrono::nanoseconds WatchedCalls::inJava() const { return inJavaSum; }
 std::chrono::nanoseconds WatchedCalls::inNatives() const { return inNativesSum; }
-std::chrono::nanoseconds WatchedCalls::registering() const { return registeringSum; }
 
 }  // namespace bench

@@ -53,8 +53,6 @@ class WatchedCalls {
   int borders() const;
   // Inside the native functions: by the clock.
   std::chrono::nanoseconds inNatives() const;
-  // Inside the Java runtime's registration of native functions.
-  std::chrono::nanoseconds registering() const;
 
  private:
   JNIEnv* env;
