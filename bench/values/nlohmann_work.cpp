@@ -3,6 +3,7 @@
 #include <string>
 
 #include "bench/support/measured.h"
+#include "bench/values/nlohmann_call.h"
 #include "bench/values/target_members.h"
 
 namespace {
@@ -62,6 +63,16 @@ void readAbsentByFind(benchmark::State& state) {
     const auto place = value.find("luminanceTolerance");
     return place != value.end() ? place->get<int>() : 0;
   });
+}
+
+void readLiteralByCall(benchmark::State& state) {
+  const json value = target();
+  measure(state, [&] { return bench::numberOf(value, "numberOfGraylevels"); });
+}
+
+void readAbsentByCall(benchmark::State& state) {
+  const json value = target();
+  measure(state, [&] { return bench::numberOr(value, "luminanceTolerance", 0); });
 }
 
 void readTarget(benchmark::State& state) {
@@ -128,6 +139,8 @@ BENCHMARK(readLiteral)->Name("read_literal/nlohmann");
 BENCHMARK(readAbsent)->Name("read_absent/nlohmann");
 BENCHMARK(readAbsentAlike)->Name("read_absent_alike/nlohmann");
 BENCHMARK(readAbsentByFind)->Name("read_absent/nlohmann_find");
+BENCHMARK(readLiteralByCall)->Name("read_literal/nlohmann_call");
+BENCHMARK(readAbsentByCall)->Name("read_absent/nlohmann_call");
 BENCHMARK(readTarget)->Name("read_target/nlohmann");
 BENCHMARK(readOfMany)->Name("read_of_many/nlohmann")->Arg(1)->Arg(12)->Arg(256)->Arg(10000);
 BENCHMARK(writeNested)->Name("write_nested/nlohmann");
