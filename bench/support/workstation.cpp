@@ -1,21 +1,51 @@
 // SPDX-License-Identifier: MIT
 #include "bench/support/workstation.h"
 
+#include <signal.h>
 #include <stdlib.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <fstream>
 #include <stdexcept>
 
 namespace bench {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* kBeginning = "kov-bench-";
+
+// "kov-bench-PROCESS-XXXXXX"; 0 for any other name.
+pid_t ownerOf(const std::string& name) {
+  const std::string beginning = kBeginning;
+  if (name.rfind(beginning, 0) != 0) return 0;
+  char* end = nullptr;
+  const long owner = std::strtol(name.c_str() + beginning.size(), &end, 10);
+  return *end == '-' ? static_cast<pid_t>(owner) : 0;
+}
+
+// A process that is ended from outside, or by an exception, cannot remove its folder.
+void removeWhatTheDeadLeft() {
+  std::error_code ignored;  // another process may be removing the same
+  for (const fs::path& folder : fs::directory_iterator(fs::temp_directory_path(), ignored)) {
+    const pid_t owner = ownerOf(folder.filename().string());
+    if (owner > 0 && ::kill(owner, 0) != 0 && errno == ESRCH) fs::remove_all(folder, ignored);
+  }
+}
+
+}  // namespace
 
 Workstation::Workstation() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "kov-bench-XXXXXX").string();
+  removeWhatTheDeadLeft();
+  const std::string name = kBeginning + std::to_string(::getpid()) + "-XXXXXX";
+  std::string pattern = (fs::temp_directory_path() / name).string();
   if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
   home = pattern;
   ::setenv("KOV_SIM_HOME", home.c_str(), 1);
 }
 
-Workstation::~Workstation() { std::filesystem::remove_all(home); }
+Workstation::~Workstation() { fs::remove_all(home); }
 
 void Workstation::settle(const std::string& settings, const std::string& faults) {
   if (settings + '\f' + faults == current) return;
