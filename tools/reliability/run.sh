@@ -102,7 +102,7 @@ run_part() {
     xcheck)
       tools/setup/java-runtimes.sh "$out/plain/runtimes"
       configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo "-DL5KOV_TEST_FOLDERS=$fake;real"
-      build plain real_tests
+      build plain
       ctest --test-dir "$out/plain" -j "$jobs" --no-tests=error --output-on-failure -R '^real\.' ;;
     valgrind)
       GTEST_FILTER='*LookUps*' over_fake_java reliability_every_call_fails valgrind \
