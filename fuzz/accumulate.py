@@ -2,43 +2,51 @@
 # SPDX-License-Identifier: MIT
 """Runs the fuzz targets of a folder at low priority until each has had its processor time.
 
-  fuzz/accumulate.py FOLDER [--hours 1] [--round 300] [--beside 2] [--nice 19] [--log FILE] [TARGET...]
+  fuzz/accumulate.py FOLDER [--hours 1] [--round 300] [--beside 2] [--nice 19] [--log FILE]
+                     [--table] [TARGET...]
 
 FOLDER  built by build.sh; new inputs go to FOLDER/corpus/TARGET
-TARGET  those to run; all by default
+TARGET  those to run; all that have kept inputs by default
 
-The targets that have had the least time so far run next, so that all gain evenly and the program can
-be ended and started again at any moment: FOLDER/accumulated.csv keeps one line for each round
-(target, processor seconds by getrusage, wall seconds, inputs, what the round ended with). A crash
-stops its target, leaves the input in FOLDER and makes the program end with 1 after the others' hours.
+The targets that have had the least time so far run next, so that all gain evenly. The program can be
+ended (SIGINT, SIGTERM) and started again at any moment: FOLDER/accumulated.csv keeps one line for
+each round (target, processor seconds by getrusage, wall seconds, inputs, what the round ended with,
+the program's SHA-256), an unfinished one too. What counts is the time of the programs that are
+there now.
+
+A crash leaves its input in FOLDER (TARGET-crash-…, and so on). Its target does not run as long as
+that lies there, and the program ends with 1 after the others' hours.
 """
 import argparse
 import csv
+import hashlib
 import os
 import pathlib
 import re
+import signal
 import sys
 import time
 
 LIMITS = ["-max_len=4096", "-timeout=300", "-rss_limit_mb=4096", "-print_final_stats=1"]
-FIELDS = ["target", "cpu_seconds", "wall_seconds", "inputs", "ended"]
+FIELDS = ["target", "cpu_seconds", "wall_seconds", "inputs", "ended", "program"]
+KINDS = ["crash", "leak", "oom", "timeout"]
 
 
 class Rounds:
-    """What each target has had, kept in a file."""
+    """What each target's present program has had, and what the others had; kept in a file."""
 
-    def __init__(self, file):
+    def __init__(self, folder, targets, file):
         self.file = file
+        self.programs = {target: hashlib.sha256((folder / target).read_bytes()).hexdigest()[:16]
+                         for target in targets}
         self.rows = list(csv.DictReader(file.open())) if file.exists() else []
 
+    def sum(self, target, field, present=True):
+        return sum(float(row[field]) for row in self.rows if row["target"] == target
+                   and (row["program"] == self.programs[target]) == present)
+
     def seconds(self, target):
-        return sum(float(row["cpu_seconds"]) for row in self.rows if row["target"] == target)
-
-    def inputs(self, target):
-        return sum(int(row["inputs"]) for row in self.rows if row["target"] == target)
-
-    def crashed(self, target):
-        return any(row["target"] == target and row["ended"] == "crash" for row in self.rows)
+        return self.sum(target, "cpu_seconds")
 
     def add(self, row):
         self.rows.append(row)
@@ -51,8 +59,15 @@ class Rounds:
 
 
 def targets_of(folder, kept):
-    return sorted(name.name for name in kept.iterdir()
-                  if name.is_dir() and os.access(folder / name.name, os.X_OK))
+    targets = sorted(name.name for name in kept.iterdir() if name.is_dir())
+    missing = [target for target in targets if not os.access(folder / target, os.X_OK)]
+    if missing:
+        sys.exit(f"{folder} lacks {', '.join(missing)}")
+    return targets
+
+
+def crashes(folder, target):
+    return [file for kind in KINDS for file in folder.glob(f"{target}-{kind}-*")]
 
 
 def options_of(kept, target):
@@ -80,19 +95,58 @@ def start(folder, kept, target, seconds, niceness):
     return process, log, time.monotonic()
 
 
-def finish(running, process, status, usage):
+def finish(folder, running, process, status, usage):
     target, log, begun = running.pop(process)
     found = re.search(r"number_of_executed_units: *(\d+)", log.read_text(errors="replace"))
-    failed = os.waitstatus_to_exitcode(status) != 0
-    return {"target": target, "cpu_seconds": f"{usage.ru_utime + usage.ru_stime:.1f}",
+    ended = "time" if os.waitstatus_to_exitcode(status) == 0 else "ended"
+    return {"target": target, "cpu_seconds": f"{usage.ru_utime + usage.ru_stime:.3f}",
             "wall_seconds": f"{time.monotonic() - begun:.0f}",
-            "inputs": found.group(1) if found else 0, "ended": "crash" if failed else "time"}
+            "inputs": found.group(1) if found else 0,
+            "ended": "crash" if crashes(folder, target) else ended}
 
 
-def table(rounds, targets):
+def table(folder, rounds, targets):
     for target in targets:
-        print(f"{target:16} {rounds.seconds(target):8.0f} CPU s {rounds.inputs(target):12d} inputs"
-              f"{'  CRASHED' if rounds.crashed(target) else ''}")
+        print(f"{target:16} {rounds.seconds(target):8.0f} CPU s {rounds.sum(target, 'inputs'):14,.0f}"
+              f" inputs; earlier programs {rounds.sum(target, 'cpu_seconds', False):8.0f} CPU s "
+              f"{rounds.sum(target, 'inputs', False):14,.0f} inputs"
+              f"{'  CRASHED' if crashes(folder, target) else ''}")
+
+
+class Turns:
+    """The rounds that run. Ended from outside, it starts no more, and those that run end and count."""
+
+    def __init__(self, folder, kept, rounds, given):
+        self.folder, self.kept, self.rounds, self.given = folder, kept, rounds, given
+        self.running = {}
+        self.ending = False
+        for number in (signal.SIGINT, signal.SIGTERM):
+            signal.signal(number, self.end)
+
+    def end(self, _number, _frame):
+        self.ending = True
+        for process in self.running:
+            os.kill(process, signal.SIGINT)  # the fuzzer says its figures, and ends
+
+    def begin(self):
+        busy = {entry[0] for entry in self.running.values()}
+        waiting = [target for target in self.given.target or self.rounds.programs
+                   if target not in busy and not crashes(self.folder, target)
+                   and self.rounds.seconds(target) < 3600 * self.given.hours]
+        while waiting and not self.ending and len(self.running) < self.given.beside:
+            target = min(waiting, key=self.rounds.seconds)
+            waiting.remove(target)
+            process, log, begun = start(self.folder, self.kept, target, self.given.round,
+                                        self.given.nice)
+            self.running[process] = (target, log, begun)
+
+    def run(self):
+        self.begin()
+        while self.running:
+            process, status, usage = os.wait3(0)
+            row = finish(self.folder, self.running, process, status, usage)
+            self.rounds.add(row | {"program": self.rounds.programs[row["target"]]})
+            self.begin()
 
 
 def main():
@@ -105,27 +159,16 @@ def main():
     parser.add_argument("--nice", type=int, default=19, help="how far behind other programs")
     parser.add_argument("--log", type=pathlib.Path)
     parser.add_argument("--table", action="store_true", help="print what there is and end")
+    parser.add_argument("--kept", type=pathlib.Path, help="folder of the kept inputs")
     given = parser.parse_intermixed_args()
-    folder, kept = given.folder.resolve(), pathlib.Path(__file__).resolve().parent / "corpus"
-    rounds = Rounds(given.log or folder / "accumulated.csv")
-    running = {}
-    while not given.table:
-        busy = {entry[0] for entry in running.values()}
-        waiting = [t for t in given.target or targets_of(folder, kept)
-                   if t not in busy and not rounds.crashed(t)
-                   and rounds.seconds(t) < 3600 * given.hours]
-        while waiting and len(running) < given.beside:
-            target = min(waiting, key=rounds.seconds)
-            waiting.remove(target)
-            process, log, begun = start(folder, kept, target, given.round, given.nice)
-            running[process] = (target, log, begun)
-        if not running:
-            break
-        process, status, usage = os.wait3(0)
-        rounds.add(finish(running, process, status, usage))
+    folder = given.folder.resolve()
+    kept = (given.kept or pathlib.Path(__file__).resolve().parent / "corpus").resolve()
     targets = targets_of(folder, kept)
-    table(rounds, targets)
-    return 1 if any(rounds.crashed(target) for target in targets) else 0
+    rounds = Rounds(folder, targets, given.log or folder / "accumulated.csv")
+    if not given.table:
+        Turns(folder, kept, rounds, given).run()
+    table(folder, rounds, targets)
+    return 1 if any(crashes(folder, target) for target in targets) else 0
 
 
 if __name__ == "__main__":

@@ -192,6 +192,7 @@ TEST_F(NameTable, FileEndsAtItsFirstNul) {
 TEST_F(NameTable, TooDeeplyNestedFileGivesNoPackage) {
   std::string deep;
   for (int i = 0; i < 100000; ++i) deep += "<a>";
+  for (int i = 0; i < 100000; ++i) deep += "</a>";
   write(table(package("Alpha", model("L5-X240")) + deep));
   EXPECT_EQ(packageOf("L5-X240"), "noPackage");
 }

@@ -26,9 +26,15 @@ TEST_F(NameTable, SparseGibibyteGivesNoPackage) {
 }
 
 TEST_F(NameTable, TenThousandLevelsGiveNoPackage) {
-  std::string deep;
-  for (int i = 0; i < 10000; ++i) deep += "<PackageInfo>";
-  write("<KovMonitorName>" + package("Alpha", model("L5-X240")) + deep);
+  const auto nested = [](int levels) {
+    std::string deep;
+    for (int i = 0; i < levels; ++i) deep += "<PackageInfo>";
+    for (int i = 0; i < levels; ++i) deep += "</PackageInfo>";
+    return deep;
+  };
+  write(table(package("Alpha", model("L5-X240")) + nested(50)));
+  EXPECT_EQ(packageOf("L5-X240"), "Alpha");
+  write(table(package("Alpha", model("L5-X240")) + nested(10000)));
   EXPECT_EQ(packageOf("L5-X240"), "noPackage");
 }
 

@@ -2,20 +2,25 @@
 # SPDX-License-Identifier: MIT
 """Slopes and a plot of a long run.
 
-  tools/reliability/long_run_report.py LONG.csv [--svg FILE] [--check] [--calibration-bytes N]
+  tools/reliability/long_run_report.py LONG.csv [--svg FILE] [--check PHASE...]
+                                       [--calibration-bytes N]
 
 LONG.csv  what reliability_long_run printed, with tools/reliability/jvm_memory.sh as its probe
 
 For each kind of work and each figure: the slope of a straight line fitted to the samples behind the
 warm-up (the first quarter), as growth over the whole run, with its 95 % confidence interval. A slope
-whose interval holds 0 is no growth that can be told from noise; the others are marked.
+whose interval holds 0 is no growth that can be told from noise; the others are marked. The last
+column is the smallest leak, even over the run, that --check would have noticed in it.
 
---check ends with 1 when something grows beyond its limit even at the lower end of its interval:
-handles and descriptors at all, the Java heap by more than 64 KiB, memory (resident, native heap,
-the Java runtime's own) by more than 512 KiB and so many bytes for each operation, thread or
-calibration as BYTES_EACH has. Of memory that is asked of the middle step from sample to sample, as
-often as there are steps: what leaks does so at each, where the Java runtime's compilers take some
-megabytes at a few and resident size keeps them. The slope must stay below 16 MiB more than that.
+--check ends with 1 when one of the phases (operations, threads, calibrations) is missing, or when
+something grows beyond its limit even at the lower end of an interval: handles and descriptors at all
+(the line), the Java heap by more than 64 KiB (the line), memory by more than 512 KiB and so many
+bytes for each operation, thread or calibration as BYTES_EACH has. The Java runtime's compilers take
+megabytes for moments, so of the native heap and of the Java runtime's own memory it is what is
+beside the compilers' part, by the middle slope between any two samples (Theil and Sen): the two are
+asked for one after the other, and now and then apart. Resident size keeps what the compilers took:
+of it, it is the middle step from sample to sample, as often as there are steps (sign test), and the
+line may rise by 16 MiB more.
 """
 import argparse
 import csv
@@ -24,6 +29,7 @@ import sys
 
 COLUMNS = ["resident", "Java heap", "native heap", "descriptors", "global handles", "weak handles",
            "Java's own", "its compilers'"]
+COMPILERS = COLUMNS.index("its compilers'")
 COUNTS = ["descriptors", "global handles", "weak handles"]
 JAVA_HEAP_KIB = 64
 ONCE_KIB = 512
@@ -40,8 +46,9 @@ T975 = [12.71, 4.30, 3.18, 2.78, 2.57, 2.45, 2.36, 2.31, 2.26, 2.23, 2.20, 2.18,
 def read(file):
     phases = {}
     for row in csv.reader(open(file)):
-        if len(row) == 2 + len(COLUMNS):
-            phases.setdefault(row[0], []).append([int(cell) for cell in row[1:]])
+        if len(row) != 2 + len(COLUMNS):
+            raise SystemExit(f"{file}: no sample: {','.join(row)}")
+        phases.setdefault(row[0], []).append([int(cell) for cell in row[1:]])
     return phases
 
 
@@ -70,21 +77,31 @@ def steady_growth(rows, column):
     return steps[max(rank - 1, 0)] * (len(rows) - 1)
 
 
-def complaint(phase, count, name, least, steadily, bytes_each):
-    """What is wrong with a figure that has grown by `least` at least, and so much by steps that are
-    alike; nothing when it may."""
+def beside_the_compilers(rows, column):
+    """Growth over the whole run of a figure without the compilers' part: the least that the middle
+    slope between two samples can be with 97.5 % (Sen's interval by Kendall's variance)."""
+    behind = [(row[0] / rows[-1][0], row[1 + column] - row[1 + COMPILERS])
+              for row in rows[len(rows) // 4:]]
+    n = len(behind)
+    slopes = sorted((b[1] - a[1]) / (b[0] - a[0])
+                    for at, a in enumerate(behind) for b in behind[at + 1:])
+    width = 1.96 * math.sqrt(n * (n - 1) * (2 * n + 5) / 18)
+    return slopes[max(int((len(slopes) - width) / 2) - 1, 0)]
+
+
+def verdict(phase, rows, name, bytes_each):
+    """By how much a figure has grown at least, and how much it may."""
+    column = COLUMNS.index(name)
+    slope, half = growth(rows, column)
     if name in COUNTS:
-        return "grows" if least > 0.5 else ""
+        return slope - half, 0.5
     if name == "Java heap":
-        return f"grows by more than {JAVA_HEAP_KIB} KiB" if least > JAVA_HEAP_KIB else ""
-    if name == "its compilers'":
-        return ""  # a part of the Java runtime's own
-    allowed = ONCE_KIB + count * bytes_each[phase] / 1024
-    if steadily > allowed:
-        return f"grows steadily by {steadily:,.0f} KiB at least, {allowed:,.0f} allowed"
-    if least > allowed + COMPILERS_KIB:
-        return f"grows by {least:,.0f} KiB at least, {allowed + COMPILERS_KIB:,.0f} allowed"
-    return ""
+        return slope - half, JAVA_HEAP_KIB
+    allowed = ONCE_KIB + rows[-1][0] * bytes_each[phase] / 1024
+    if name == "resident":
+        over = slope - half - COMPILERS_KIB
+        return max(steady_growth(rows, column), over), allowed
+    return beside_the_compilers(rows, column), allowed
 
 
 def panel(phase, rows, left, width, height, top_value):
@@ -117,30 +134,40 @@ def plot(phases, file):
                   'fill="#fff"/>\n' + "\n".join(parts) + "\n</svg>\n")
 
 
+def caught_from(phase, rows, name, least, allowed):
+    """The smallest even leak that would have been noticed: each measure shifts by as much."""
+    if name in COUNTS or name == "Java heap":
+        return f"{allowed - least:,.0f}" + ("" if name in COUNTS else " KiB")
+    each = (allowed - least) * 1024 / rows[-1][0]
+    return f"{each:,.{2 if each < 1 else 0}f} bytes each"
+
+
 def row_of(phase, rows, name):
-    """The table's line of one figure, and by how much it has grown at least."""
+    """The table's line of one figure, without its last column."""
     column = COLUMNS.index(name)
     slope, half = growth(rows, column)
     unit = "" if name in COUNTS else " KiB"
     mark = ", excludes 0" if abs(slope) > half else ""
-    line = (f"| {rows[-1][0]:,} {phase} | {name} | {rows[len(rows) // 4][1 + column]:,}{unit} "
+    return (f"| {rows[-1][0]:,} {phase} | {name} | {rows[len(rows) // 4][1 + column]:,}{unit} "
             f"| {rows[-1][1 + column]:,}{unit} | {slope:+,.0f} | ± {half:,.0f}{mark} |")
-    return line, slope - half
 
 
 def report(phases, bytes_each):
     """Prints the table; what is wrong, a line for each figure."""
-    print("| over | figure | at a quarter | at the end | growth | 95 % interval |")
-    print("|---|---|---|---|---|---|")
+    print("| over | figure | at a quarter | at the end | growth | 95 % interval | caught from |")
+    print("|---|---|---|---|---|---|---|")
     complaints = []
     for phase, rows in phases.items():
-        for name in COLUMNS:
-            line, least = row_of(phase, rows, name)
-            print(line)
-            steadily = steady_growth(rows, COLUMNS.index(name))
-            found = complaint(phase, rows[-1][0], name, least, steadily, bytes_each)
-            if found:
-                complaints.append(f"{rows[-1][0]:,} {phase}: {name} {found}")
+        for column, name in enumerate(COLUMNS):
+            line = row_of(phase, rows, name)
+            if column == COMPILERS:  # a part of the Java runtime's own
+                print(f"{line} |")
+                continue
+            least, allowed = verdict(phase, rows, name, bytes_each)
+            print(f"{line} {caught_from(phase, rows, name, least, allowed)} |")
+            if least > allowed:
+                complaints.append(f"{rows[-1][0]:,} {phase}: {name} grows by {least:,.1f} at least,"
+                                  f" {allowed:,.1f} allowed")
     return complaints
 
 
@@ -148,12 +175,13 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("file")
     parser.add_argument("--svg")
-    parser.add_argument("--check", action="store_true")
+    parser.add_argument("--check", nargs="+", metavar="PHASE", default=[])
     parser.add_argument("--calibration-bytes", type=float, default=BYTES_EACH["calibrations"])
     given = parser.parse_args()
     phases = {phase: rows for phase, rows in read(given.file).items() if len(rows) >= 8}
-    if not phases:
-        raise SystemExit(f"{given.file}: too few samples")
+    missing = [phase for phase in given.check if phase not in phases]
+    if missing or not phases:
+        raise SystemExit(f"{given.file}: too few samples of {' '.join(missing) or 'anything'}")
     complaints = report(phases, {**BYTES_EACH, "calibrations": given.calibration_bytes})
     if given.svg:
         plot(phases, given.svg)

@@ -36,10 +36,11 @@ build() {
     { tail -40 "$out/$name.build.log" >&2; exit 1; }
 }
 plain() { configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo; build plain; }
-# tests NAME REGEX LEAST: the tests of a build that match. Programs that are not built have none, so
-# there must be so many at least.
+# tests NAME REGEX LEAST [any]: the tests of a build that match, without the slow ones. Programs that
+# are not built have none, so there must be so many at least.
 tests() {
-  local which=(--test-dir "$out/$1" -LE slow -R "$2" -E _NOT_BUILT) count
+  local which=(--test-dir "$out/$1" -R "$2" -E _NOT_BUILT) count
+  [ -n "${4:-}" ] || which+=(-LE slow)
   count=$(ctest -N "${which[@]}" | sed -n 's/^Total Tests: //p')
   [ "$count" -ge "$3" ] || { echo "$count tests, at least $3 expected" >&2; exit 1; }
   ctest "${which[@]}" -j "$jobs" --output-on-failure
@@ -55,13 +56,17 @@ vendors() { echo "$out/$1/tests/support/vendor"; }
 # long_run NAME OPERATIONS THREADS CALIBRATIONS [OPTION...]: over the Java runtime, with a plot;
 # fails when something grows beyond its limit
 long_run() {
-  local name=$1 amounts=("${@:2:3}"); shift 4
+  local name=$1 amounts=("${@:2:3}") phases=(); shift 4
+  [ "${amounts[0]}" -eq 0 ] || phases+=(operations)
+  [ "${amounts[1]}" -eq 0 ] || phases+=(threads)
+  [ "${amounts[2]}" -eq 0 ] || phases+=(calibrations)
   plain; build plain reliability_long_run
   JAVA_TOOL_OPTIONS=-XX:NativeMemoryTracking=summary \
     L5KOV_LONG_RUN_PROBE=$PWD/tools/reliability/jvm_memory.sh \
     L5KOV_COMMON_APPDATA=$out/plain/tests/reliability/appdata LD_LIBRARY_PATH=$out/plain/simulator \
     "$out/plain/bin/reliability_long_run" "${amounts[@]}" >"$out/$name.csv"
-  tools/reliability/long_run_report.py "$out/$name.csv" --svg "$out/$name-run.svg" --check "$@"
+  tools/reliability/long_run_report.py "$out/$name.csv" --svg "$out/$name-run.svg" \
+    --check "${phases[@]}" "$@"
 }
 
 run_part() {
@@ -91,7 +96,7 @@ run_part() {
         \( -name 'java_test' -o -name 'java_process_test' -o -name 'monitor_*_test' \
         -o -name 'calibrator_*test' -o -name 'reliability_strangers' \
         -o -name 'reliability_name_table' \) \
-        -print0 | sort -z | xargs -0 tools/reliability/run_preloaded.py \
+        -print0 | sort -z | xargs -0 tools/reliability/run_preloaded.py --least 480 \
         "$out/sanitized_library/lib" "$(vendors plain)" ;;
     threads)
       configure threads -DCMAKE_BUILD_TYPE=Debug -DCMAKE_CXX_FLAGS=-O1 -DL5KOV_SANITIZE=thread \
@@ -103,11 +108,12 @@ run_part() {
       tools/setup/java-runtimes.sh "$out/plain/runtimes"
       configure plain -DCMAKE_BUILD_TYPE=RelWithDebInfo "-DL5KOV_TEST_FOLDERS=$fake;real"
       build plain
-      ctest --test-dir "$out/plain" -j "$jobs" --no-tests=error --output-on-failure -R '^real\.' ;;
+      tests plain '^real\.' 380 any ;;
     valgrind)
       GTEST_FILTER='*LookUps*' over_fake_java reliability_every_call_fails valgrind \
         --error-exitcode=9 --leak-check=full --show-leak-kinds=definite \
-        --errors-for-leak-kinds=definite ;;
+        --errors-for-leak-kinds=definite | tee "$out/valgrind.tests"
+      grep -q '^\[==========\] Running 1 test ' "$out/valgrind.tests" ;;
     fuzz)
       fuzz/build.sh "$fuzz" >"$out/fuzz.build.log" 2>&1 || { tail "$out/fuzz.build.log"; exit 1; }
       fuzz/run.sh "$fuzz" "${FUZZ_SECONDS:-60}" ;;

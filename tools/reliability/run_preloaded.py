@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: MIT
 """Runs plain test programs over a library that was built with AddressSanitizer.
 
-  tools/reliability/run_preloaded.py LIBRARIES VENDORS PROGRAM...
+  tools/reliability/run_preloaded.py --least TESTS LIBRARIES VENDORS PROGRAM...
 
+TESTS      so many there must be at least
 LIBRARIES  the folder of the sanitized libl5kov.so (and libl5kov_stepclock.so)
 VENDORS    the folder of the vendors' stand-ins
 PROGRAM    GoogleTest programs of another build, over the fake Java runtime
@@ -50,7 +51,9 @@ def run(test, given):
 
 
 def main():
-    libraries, vendors, *programs = sys.argv[1:]
+    if sys.argv[1] != "--least":
+        sys.exit(__doc__)
+    least, libraries, vendors, *programs = sys.argv[2:]
     given = environment(libraries, vendors)
     tests = [test for program in programs for test in tests_of(program, vendors)]
     bad = 0
@@ -60,7 +63,7 @@ def main():
                 bad += 1
                 print(f"== {name}: status {status}{', reported' if reported else ''}\n{said[-4000:]}")
     print(f"{len(tests)} tests over the sanitized library, {bad} with a report or a failure")
-    return 1 if bad or not tests else 0
+    return 1 if bad or len(tests) < int(least) else 0
 
 
 if __name__ == "__main__":
