@@ -1,49 +1,57 @@
 // SPDX-License-Identifier: MIT
 // Number texts against the C library: strtod, strtoll and printf. The first eight bytes are a
-// double to print; the rest is a text to read.
-#include <cmath>
+// double and an integer to print; the rest is a text to read.
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
+#include "fuzz/plain_conversions.h"
 #include "fuzz/require.h"
 #include "pocketjson/scalar_text.h"
 #include "pocketjson/value.h"
 
 namespace {
 
-bool same(double a, double b) {
-  return (std::isnan(a) && std::isnan(b)) || std::memcmp(&a, &b, sizeof a) == 0;
-}
+using pocketjson::Value;
 
 void checkPrinting(double number) {
-  const std::string text = pocketjson::Value(number).asString();
-  char wanted[64];
-  std::snprintf(wanted, sizeof wanted, "%.17g", number);
-  if (number == 0.0) std::strcpy(wanted, "0.0");
-  if (std::isnan(number)) std::strcpy(wanted, "nan");
-  require(text == wanted, "printing");
-  require(
-      same(pocketjson::Value(text).asDouble(), number == 0.0 ? 0.0 : number) || std::isnan(number),
-      "reading what was printed");
+  const std::string text = Value(number).asString();
+  require(text == plain::textOf(number), "printing");
+  require(plain::same(Value(text).asDouble(), number == 0.0 ? 0.0 : number),
+          "reading what was printed");
 }
 
-void checkReading(const std::string& text) {
-  bool consumed = false;
-  const double number = pocketjson::parseDouble(text.c_str(), consumed);
-  char* stop = nullptr;
-  const double wanted = std::strtod(text.c_str(), &stop);
-  require(consumed == (*stop == '\0'), "how far a double reaches");
-  if (consumed) require(same(number, wanted), "a double");
+void checkPrinting(long long number) {
+  const std::string text = Value(number).asString();
+  require(text == plain::textOf(number), "printing an integer");
+  const int low = static_cast<std::int32_t>(number & 0xffffffff);
+  char wanted[64];
+  std::snprintf(wanted, sizeof wanted, "%d", low);
+  require(Value(low).asString() == wanted, "printing a short integer");
+  require(Value(wanted).asInt(1) == low, "reading the short integer that was printed");
+  require(Value(text).asInt(1) == plain::narrowed(number, 0), "reading the integer");
+}
 
-  const long long integer = std::strtoll(text.c_str(), &stop, 0);
-  const char* digits = text.c_str() + std::strspn(text.c_str(), " \t\n\v\f\r");
-  digits += *digits == '+' || *digits == '-';
-  const bool binary = digits[0] == '0' && (digits[1] == 'b' || digits[1] == 'B');
-  const bool fits = *stop == '\0' && integer >= INT32_MIN && integer <= INT32_MAX && !binary;
-  require(pocketjson::parseInt(text.c_str()) == (fits ? integer : 0), "an integer");
+void checkReading(const std::string& bytes) {
+  const char* text = bytes.c_str();  // ends at the first NUL
+  bool consumed = false;
+  const double number = pocketjson::parseDouble(text, consumed);
+  const auto wanted = plain::doubleIn(text);
+  require(consumed == wanted.has_value(), "how far a double reaches");
+  if (consumed) require(plain::same(number, *wanted), "a double");
+  require(pocketjson::parseInt(text) == plain::intIn(text), "an integer");
+
+  // The same from a value. A text that goes on behind its number is no double but the default,
+  // and no integer but 0, whatever the default.
+  const Value value(bytes);
+  for (const double byDefault : {0.0, 41.5}) {
+    require(plain::same(value.asDouble(byDefault), wanted.value_or(byDefault)), "as a double");
+  }
+  for (const int byDefault : {0, 41}) {
+    require(value.asInt(byDefault) == plain::intIn(text), "as an integer");
+  }
+  require(value.asBool(true) == (bytes == "true"), "as a truth");
+  require(value.asString("41") == bytes, "as a text");
 }
 
 }  // namespace
@@ -51,12 +59,14 @@ void checkReading(const std::string& text) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   double number = 0.0;
   if (size >= sizeof number) {
+    std::int64_t integer = 0;
     std::memcpy(&number, data, sizeof number);
+    std::memcpy(&integer, data, sizeof integer);
     data += sizeof number;
     size -= sizeof number;
     checkPrinting(number);
+    checkPrinting(static_cast<long long>(integer));
   }
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
-  checkReading(bytes.c_str());  // ends at the first NUL
+  checkReading(std::string(reinterpret_cast<const char*>(data), size));
   return 0;
 }

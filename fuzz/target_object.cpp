@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Calibration targets of any shape through the fake Java runtime: a code, or one of the two
-// exceptions that a colour temperature may raise; nothing is misused or left behind.
+// Calibration targets of any shape through the fake Java runtime: what the setters of Java's target
+// object and the calibration are told is what the target says, or one of the two exceptions that a
+// colour temperature may raise; nothing is misused or left behind.
 #include <cstdint>
+#include <optional>
 #include <stdexcept>
 #include <string>
 
 #include "fuzz/bytes.h"
+#include "fuzz/java_target.h"
 #include "fuzz/require.h"
 #include "l5kov.h"
 #include "tests/reliability/flow.h"
@@ -69,9 +72,42 @@ struct World {
   World() { reliability::furnish(world, jvm); }
   kovtest::FakeJvm jvm;
   kovtest::KovWorld world{jvm};
+  JavaTarget java{jvm};
   reliability::QuietDelegate delegate;
   lumora::kov::KovCalibrator calibrator{"L5-X240", "SN0001", 1, &delegate, "text", "", &delegate};
 };
+
+void checkAsked(const Value& target, const std::optional<std::int32_t>& kelvin) {
+  const auto& asked = kovtest::fakeChroma().inputs;
+  require(asked.size() == (kelvin ? 1 : 0), "the colour library is asked for a temperature alone");
+  if (kelvin) require(kovtest::FakeChroma::temperatureOf(asked[0]) == kelvin, "and for that one");
+  require(kelvin || target["ColorTemperatureType"].asString().substr(0, 1) != "K", "a temperature");
+}
+
+// Sets the target, and says whether its temperature was one.
+bool setTarget(World& world, const Value& target, const Value& curve) {
+  const std::string type = target["ColorTemperatureType"].asString();
+  std::optional<std::int32_t> kelvin;
+  std::string refusal;
+  try {
+    if (type.substr(0, 1) == "K") kelvin = kelvinOf(type);
+  } catch (const std::invalid_argument&) {
+    refusal = "invalid stol argument";
+  } catch (const std::out_of_range&) {
+    refusal = "stol argument out of range";
+  }
+  try {
+    const OmError result =
+        world.calibrator.setCalibrationTarget(target, curve, {}, kAmbientLight, false);
+    require(result == OM_OK, "nothing in Java fails");
+    require(refusal.empty(), "a temperature that cannot be read is refused");
+    checkAsked(target, kelvin);
+    return true;
+  } catch (const std::logic_error& e) {  // both kinds
+    require(e.what() == refusal, "why a temperature is refused");
+    return false;
+  }
+}
 
 }  // namespace
 
@@ -87,15 +123,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
       target[key] = any(bytes, 2);
     }
   }
+  const Value& asked = target;
+  world->java.forget();
   const int globals = world->jvm->liveGlobalRefs();
-  try {
-    const OmError result = world->calibrator.setCalibrationTarget(target, curve, {}, 0.1, false);
-    require(result == OM_OK, "nothing in Java fails");
-  } catch (const std::invalid_argument& e) {
-    require(std::string(e.what()) == "invalid stol argument", "an invalid temperature");
-  } catch (const std::out_of_range& e) {
-    require(std::string(e.what()) == "stol argument out of range", "a temperature out of range");
-  }
+  const bool isTemperatureGood = setTarget(*world, asked, curve);
+  const std::string wrong = world->java.difference(settingsOf(asked, curve, isTemperatureGood));
+  require(wrong.empty(), ("told as the target says: " + wrong).c_str());
+  require(world->calibrator.execute() == OM_OK, "a calibration");
+  require(world->java.isCalibratedWith(asked), "with what the target says");
   require(world->jvm->problems().empty(), "no misuse of JNI");
   require(world->jvm->liveGlobalRefs() == globals, "no reference left");
   require(world->jvm->localFrameDepth() == 0, "no frame left");

@@ -1,68 +1,21 @@
 // SPDX-License-Identifier: MIT
 // Programs over four values, beside a model that copies deeply: sharing must never show.
 #include <cstdint>
-#include <map>
-#include <stdexcept>
-#include <string>
-#include <vector>
+#include <utility>
 
 #include "fuzz/bytes.h"
 #include "fuzz/require.h"
+#include "fuzz/value_model.h"
+#include "fuzz/value_steps.h"
 #include "pocketjson/value.h"
 
 namespace {
 
-using pocketjson::Value;
-
-struct Model {
-  Value::Type type = Value::Null;
-  bool truth = false;
-  int integer = 0;
-  double real = 0.0;
-  std::string text;
-  std::vector<Model> elements;
-  std::map<std::string, Model> members;
-
-  void become(Value::Type wanted) {
-    if (type == wanted) return;
-    *this = Model();
-    type = wanted;
-  }
-};
+using namespace steps;
 
 constexpr int kRegisters = 4;
-constexpr std::size_t kMaxNodes = 2000;  // copies of copies grow without bound
-
-std::size_t nodesOf(const Model& model) {
-  std::size_t nodes = 1;
-  for (const Model& element : model.elements) nodes += nodesOf(element);
-  for (const auto& [key, member] : model.members) nodes += nodesOf(member);
-  return nodes;
-}
-
-void compare(const Value& value, const Model& model) {
-  require(value.type() == model.type, "type");
-  switch (model.type) {
-    case Value::Bool:
-      return require(value.asBool() == model.truth, "truth");
-    case Value::Int:
-      return require(value.asInt() == model.integer, "integer");
-    case Value::Double:
-      return require(value.asDouble() == model.real, "double");
-    case Value::String:
-      return require(value.asString() == model.text, "text");
-    case Value::Array:
-      require(value.size() == model.elements.size(), "length");
-      for (std::size_t i = 0; i < model.elements.size(); ++i) compare(value[i], model.elements[i]);
-      return require(value[model.elements.size()].type() == Value::Null, "past the end");
-    case Value::Object:
-      require(value.size() == model.members.size(), "members");
-      for (const auto& [key, member] : model.members) compare(value[key], member);
-      return;
-    default:
-      return;
-  }
-}
+constexpr std::size_t kMaxNodes = 120;  // copies of copies grow without bound
+constexpr unsigned kFirstFurther = 200;
 
 class Program {
  public:
@@ -79,129 +32,128 @@ class Program {
   void step() {
     const unsigned operation = input.next();
     const unsigned registers = input.next();
-    Value* value = &values[registers % kRegisters];
-    Model* model = &models[registers % kRegisters];
+    const unsigned own = registers % kRegisters;
+    const unsigned from = (registers >> 2) % kRegisters;
+    if (operation >= kFirstFurther && operation % 2 == 0) return exchange(operation, own, from);
     // Taken before the step goes down into a register: a reference into a value is not to be
     // written through after that value was copied (value.h says so of every write access).
-    const Value other = values[(registers >> 2) % kRegisters];
-    const Model otherModel = models[(registers >> 2) % kRegisters];
+    const Value other = values[from];
+    Place place{&values[own], &models[own], &other, &models[from], false};
+    place.hasRoom = nodesOf(models[own]) + 2 * nodesOf(models[from]) <= kMaxNodes;
     // Some steps act on what lies below the register.
-    for (unsigned depth = (registers >> 4) % 4; depth > 0; --depth) descend(value, model);
-    const bool grows = nodesOf(*model) + nodesOf(otherModel) > kMaxNodes;
-    switch (operation % 10) {
+    for (unsigned depth = (registers >> 4) % 4; depth > 0; --depth) {
+      descend(place.value, place.model, input);
+    }
+    if (operation < kFirstFurther) {
+      act(operation % 10, place);
+    } else {
+      actFurther(operation / 2 % 7, place);
+    }
+    probe(*place.value, *place.model);
+  }
+
+  void act(unsigned operation, const Place& place) {
+    auto& [value, model, other, otherModel, hasRoom] = place;
+    switch (operation) {
       case 0:
-        model->become(Value::Null);
-        *model = Model();
-        model->type = Value::Bool;
-        model->truth = input.next() % 2 == 1;
+        model->restart(Value::Bool).truth = input.next() % 2 == 1;
         *value = Value(model->truth);
         break;
       case 1:
-        *model = Model();
-        model->type = Value::Int;
-        model->integer = static_cast<int>(input.next() * 16777259u);
-        *value = Value(model->integer);
+        model->restart(Value::Int).integer = static_cast<int>(input.next() * 16777259u);
+        *value = Value(static_cast<int>(model->integer));
         break;
       case 2:
-        *model = Model();
-        model->type = Value::Double;
-        model->real = input.number();
+        model->restart(Value::Double).real = input.number();
         *value = Value(model->real);
         break;
       case 3:
-        *model = Model();
-        model->type = Value::String;
-        model->text = input.text();
+        model->restart(Value::String).text = input.text();
         *value = Value(model->text);
         break;
       case 4:
-        if (!grows) copy(*value, *model, other, otherModel);
+        if (hasRoom) copy(place);
         break;
       case 5:
-        if (!grows) append(*value, *model, other, otherModel);
+        if (hasRoom) append(place);
         break;
       case 6:
-        if (!grows) setMember(*value, *model, other, otherModel);
+        if (hasRoom) setMember(place, input);
         break;
       case 7:
-        if (!grows) setElement(*value, *model, other, otherModel);
+        if (hasRoom) setElement(place, input);
         break;
       case 8:
-        setType(*value, *model);
+        setType(*value, *model, input);
         break;
       default:
-        replaceByPart(*value, *model);
+        replaceByPart(*value, *model, input);
         break;
     }
   }
 
-  // Into an element or member that exists; the write access unshares on the way.
-  void descend(Value*& value, Model*& model) {
-    const unsigned which = input.next();
-    if (model->type == Value::Array && !model->elements.empty()) {
-      const std::size_t index = which % model->elements.size();
-      value = &(*value)[index];
-      model = &model->elements[index];
-    } else if (model->type == Value::Object && !model->members.empty()) {
-      auto place = model->members.begin();
-      std::advance(place, which % model->members.size());
-      value = &(*value)[place->first];
-      model = &place->second;
+  void actFurther(unsigned operation, const Place& place) {
+    auto& [value, model, other, otherModel, hasRoom] = place;
+    switch (operation) {
+      case 0:
+        model->restart(Value::Int).integer = bits<long long>(input);
+        *value = Value(model->integer);
+        break;
+      case 1:
+        setUnsigned(*value, *model, input);
+        break;
+      case 2:
+        model->restart(Value::Double).real = bits<double>(input);
+        *value = model->real;
+        break;
+      case 3:
+        setText(*value, *model, input);
+        break;
+      case 4:
+        if (hasRoom) wrapInArray(place);
+        break;
+      case 5:
+        if (hasRoom) wrapInObject(place);
+        break;
+      default:
+        touch(*value, *model, input);
+        break;
     }
   }
 
-  static void copy(Value& value, Model& model, const Value& other, const Model& otherModel) {
-    value = other;
-    model = otherModel;
-  }
-
-  static void append(Value& value, Model& model, const Value& other, const Model& otherModel) {
-    model.become(Value::Array);
-    model.elements.push_back(otherModel);
-    value.append(other);
-  }
-
-  void setMember(Value& value, Model& model, const Value& other, const Model& otherModel) {
-    const std::string key = input.text();
-    model.become(Value::Object);
-    model.members[key] = otherModel;
-    value[key] = other;
-  }
-
-  void setElement(Value& value, Model& model, const Value& other, const Model& otherModel) {
-    const std::size_t length = model.type == Value::Array ? model.elements.size() : 0;
-    const std::size_t index = input.next() % (length + 2);
-    if (index > length) {
-      bool thrown = false;
-      try {
-        value[index] = other;
-      } catch (const std::out_of_range&) {
-        thrown = true;
+  // Swaps and moves, of whole registers. (What was moved from is Null; a value moved to itself
+  // stays.)
+  void exchange(unsigned operation, unsigned own, unsigned from) {
+    switch (operation / 2 % 4) {
+      case 0:
+        values[own].swap(values[from]);
+        std::swap(models[own], models[from]);
+        break;
+      case 1:
+        swap(values[own], values[from]);
+        std::swap(models[own], models[from]);
+        break;
+      case 2: {
+        Value taken(std::move(values[from]));
+        require(values[from].type() == Value::Null, "moved from");
+        values[own] = std::move(taken);
+        moveModel(own, from);
+        break;
       }
-      return require(thrown, "an index past the end");
+      default: {
+        Value& source = values[from];
+        values[own] = std::move(source);
+        moveModel(own, from);
+        break;
+      }
     }
-    model.become(Value::Array);
-    if (index == length) model.elements.emplace_back();
-    model.elements[index] = otherModel;
-    value[index] = other;
+    probe(values[own], models[own]);
+    probe(values[from], models[from]);
   }
 
-  void setType(Value& value, Model& model) {
-    constexpr Value::Type kTypes[] = {Value::Null,   Value::Bool,  Value::Int,   Value::Double,
-                                      Value::String, Value::Array, Value::Object};
-    const Value::Type wanted = kTypes[input.next() % 7];
-    model.become(wanted);
-    value.setType(wanted);
-  }
-
-  // v = v["a"], v = v[0]
-  void replaceByPart(Value& value, Model& model) {
-    Value* part = &value;
-    Model* partModel = &model;
-    descend(part, partModel);
-    const Model taken = *partModel;
-    value = *part;
-    model = taken;
+  void moveModel(unsigned own, unsigned from) {
+    Model taken = std::exchange(models[from], Model());
+    models[own] = std::move(taken);
   }
 
   Bytes input;
