@@ -7,6 +7,7 @@
 #include <charconv>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "target/target_request.h"
 

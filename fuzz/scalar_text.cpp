@@ -2,6 +2,7 @@
 // Number texts against the C library: strtod, strtoll and printf. The first eight bytes are a
 // double and an integer to print; the rest is a text to read.
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <string>
 

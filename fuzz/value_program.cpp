@@ -116,7 +116,7 @@ class Program {
         if (hasRoom) wrapInObject(place);
         break;
       default:
-        touch(*value, *model, input);
+        if (hasRoom) touch(*value, *model, input);
         break;
     }
   }
