@@ -3,6 +3,7 @@
 #include <stdlib.h>
 
 #include "doctor/catalogue.h"
+#include "doctor/java_options.h"
 #include "doctor/java_release.h"
 #include "doctor/probe_lines.h"
 #include "doctor/zip_file.h"
@@ -22,6 +23,27 @@ TEST(JavaRelease, IsReadFromItsFile) {
   EXPECT_EQ(release.vendor, "Debian");
   EXPECT_EQ(release.machine, "x86_64");
   EXPECT_EQ(JavaRelease::parse("").version, "");
+}
+
+TEST(JavaOptions, AreSplitWhereJavaDoes) {
+  using Options = std::vector<std::string>;
+  EXPECT_EQ(splitJavaOptions(" -Da=b\t-Xrs\n"), (Options{"-Da=b", "-Xrs"}));
+  EXPECT_EQ(splitJavaOptions("-Da='b c' \"-D d\"='\"' ''"), (Options{"-Da=b c", "-D d=\"", ""}));
+  EXPECT_EQ(splitJavaOptions("-Da='b -Xrs"), Options{"-Da=b -Xrs"});
+  EXPECT_TRUE(splitJavaOptions(" ").empty());
+}
+
+TEST(JavaOptions, AreHarmlessOnlyWhereJavaLoadsAndTakesNothingForThem) {
+  for (const char* option : {"-Da", "-Djava.io.tmpdir=/x", "-Xlog:gc", "-verbose", "-ea:a.B", "-da",
+                             "-Xcheck:jni", "-Xrs", "-XX:NativeMemoryTracking=detail"}) {
+    EXPECT_TRUE(isHarmlessJavaOption(option)) << option;
+  }
+  for (const char* option :
+       {"", "-Xcheck:nope", "-XX:NativeMemoryTracking=nope", "-XX:+UseSerialGC",
+        "-Xbootclasspath/a:x", "-agentpath:x", "--add-modules=x", "-Djava.security.manager",
+        "-Djdk.module.path=x", "D"}) {
+    EXPECT_FALSE(isHarmlessJavaOption(option)) << option;
+  }
 }
 
 // One empty entry "a", as zip writes it.

@@ -109,26 +109,6 @@ class Doctor(KovctlTest):
         for name in ("catalogue", "callbacks", "monitors", "packages", "check-jni"):
             self.assertEqual(checks[name]["state"], "skip")
 
-    def test_java_options_that_ask_for_no_memory(self):
-        self.environment["JAVA_TOOL_OPTIONS"] = "-Dsome.property=1"
-        self.assertEqual(self.checks(code=0)["java-options"]["state"], "ok")
-
-    def test_java_options_in_a_file(self):
-        for option in ("-XX:Flags=some", "-Da=b -XX:VMOptionsFile=some", "@some", "-Da=b @some"):
-            with self.subTest(option):
-                self.environment["_JAVA_OPTIONS"] = option
-                self.assertIn("not looked into: _JAVA_OPTIONS=" + option,
-                              self.java_options("warn"))
-        self.environment["_JAVA_OPTIONS"] = "-Da=@b -Dc=d@e"
-        self.java_options("ok")
-
-    def java_options(self, state):
-        """Whatever Java makes of them."""
-        process = self.finish(self.start("doctor", "--json"))
-        checks = {check["id"]: check for check in schemas.check(process.json)["checks"]}
-        self.assertEqual(checks["java-options"]["state"], state)
-        return checks["java-options"]["found"]
-
     @not_under_wine("its rights are not looked at")
     def test_rights(self):
         folders = [self.root, self.root / "ORVA/Lumora5", self.plugins, self.jar.parent]

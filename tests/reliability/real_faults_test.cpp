@@ -171,6 +171,15 @@ TEST_F(BrokenInstallation, WithAnImpossibleHeapInTheToolOptionsTheJavaRuntimeExi
       },
       testing::ExitedWithCode(1), "");
 }
+// So it does for whatever else it cannot have while it starts.
+TEST_F(BrokenInstallation, WithAnAgentThatIsMissingInTheToolOptionsTheJavaRuntimeExits) {
+  EXPECT_EXIT(
+      {
+        realtest::system::setVariable(kToolOptions, "-agentlib:nope");
+        Env();
+      },
+      testing::ExitedWithCode(1), "");
+}
 
 // On Linux a class that lies in the current folder is not found; that it could be is shown by the
 // option that names the folder. On Windows the class path ends with a separator, and so with it.

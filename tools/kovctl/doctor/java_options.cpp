@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include "doctor/java_options.h"
+
+#include <algorithm>
 #include <cstdlib>
-#include <string>
 
 #include "doctor/file_checks.h"
 
@@ -26,17 +28,73 @@ bool namesFile(const std::string& options) {
   return false;
 }
 
+bool beginsWithOneOf(std::string_view option, const std::vector<std::string_view>& beginnings) {
+  return std::any_of(beginnings.begin(), beginnings.end(), [&](std::string_view beginning) {
+    return option.substr(0, beginning.size()) == beginning;
+  });
+}
+
+bool areHarmless(const std::string& options) {
+  const std::vector<std::string> all = splitJavaOptions(options);
+  return std::all_of(all.begin(), all.end(), isHarmlessJavaOption);
+}
+
 }  // namespace
 
-// A heap that cannot be had is fatal: while it starts, Java ends the process that hosts it.
+std::vector<std::string> splitJavaOptions(std::string_view text) {
+  std::vector<std::string> options;
+  bool isInside = false;
+  char quote = '\0';
+  for (const char c : text) {
+    const bool isBlank = c == ' ' || (c >= '\t' && c <= '\r');
+    if (quote == '\0' && isBlank) {
+      isInside = false;
+      continue;
+    }
+    if (!isInside) options.emplace_back();
+    isInside = true;
+    if (quote == '\0' && (c == '\'' || c == '"')) {
+      quote = c;
+    } else if (c == quote) {
+      quote = '\0';
+    } else {
+      options.back() += c;
+    }
+  }
+  return options;
+}
+
+bool isHarmlessJavaOption(std::string_view option) {
+  // Properties that name a class or a module that Java needs for its start.
+  if (beginsWithOneOf(option,
+                      {"-Djava.security.manager", "-Djava.system.class.loader", "-Djdk.module."})) {
+    return false;
+  }
+  const std::vector<std::string_view> harmless = {"-Xcheck:jni",
+                                                  "-Xrs",
+                                                  "-XX:NativeMemoryTracking=off",
+                                                  "-XX:NativeMemoryTracking=summary",
+                                                  "-XX:NativeMemoryTracking=detail",
+                                                  "-XX:+UnlockDiagnosticVMOptions",
+                                                  "-XX:-UnlockDiagnosticVMOptions"};
+  if (std::find(harmless.begin(), harmless.end(), option) != harmless.end()) return true;
+  // They say more or check more. "-ea", "-da" and their long forms may go on with a class's name.
+  return beginsWithOneOf(
+      option, {"-D", "-Xlog", "-verbose", "-ea", "-da", "-enableassertions", "-disableassertions"});
+}
+
+// What Java cannot have while it starts, such as a heap or an agent, is fatal: it ends the process
+// that hosts it, where a word that it does not know is only refused.
 void checkJavaOptions(CheckList& list) {
   std::string found;
   bool inFile = false;
+  bool harmless = true;
   for (const char* name : {"JAVA_TOOL_OPTIONS", "_JAVA_OPTIONS"}) {
     const char* const value = std::getenv(name);
     if (value != nullptr && *value != '\0') {
       found += (found.empty() ? "" : "; ") + std::string(name) + "=" + value;
       inFile = inFile || namesFile(value);
+      harmless = harmless && areHarmless(value);
     }
   }
   if (asksForHeap(found)) {
@@ -47,6 +105,10 @@ void checkJavaOptions(CheckList& list) {
         kId, kTitle, "name a file of options, which was not looked into: " + found,
         "look whether it asks for memory: where Java cannot have it, it ends the whole host's "
         "process");
+  } else if (!harmless) {
+    list.warn(kId, kTitle, "may keep Java from its start: " + found,
+              "take out what is not needed: for some options the Java runtime ends the whole "
+              "host's process");
   } else {
     list.ok(kId, kTitle, found.empty() ? "none in the environment" : found);
   }
