@@ -68,7 +68,7 @@ ExitCode drawReport(Context& context, const ReportOptions& options) {
   }
   const Verdict verdict = judge(record, evaluate(record));
   const ExitCode code = judgedCode(ExitCode::kOk, record, verdict);
-  context.out().print(verdictText(context.out(), verdict));
+  context.out().printStyled(verdictText(context.out(), verdict));
   context.out().note("Written: " + path);
   Json document = documentOf("report");
   document["file"] = path;

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "output/document.h"
+#include "output/plain_text.h"
 
 namespace kovctl {
 namespace {
@@ -51,9 +52,9 @@ const char* nameOf(CheckState state) {
 
 void CheckList::add(const Check& check) {
   const std::string blanks(4 - std::string_view(nameOf(check.state)).size() + 2, ' ');
-  console.print(fmt::format("{}{}{:<26}  {}\n",
-                            console.styled(styleOf(check.state), nameOf(check.state)), blanks,
-                            check.title, check.found));
+  console.printStyled(fmt::format("{}{}{:<26}  {}\n",
+                                  console.styled(styleOf(check.state), nameOf(check.state)), blanks,
+                                  plainLine(check.title), plainLine(check.found)));
   if (!check.remedy.empty()) console.print(fmt::format("      {:<26}  → {}\n", "", check.remedy));
   Json event{{"event", "check"}};
   event.update(jsonOf(check));

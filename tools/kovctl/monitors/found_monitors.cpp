@@ -37,7 +37,7 @@ namespace {
 
 std::string ask(Context& context, const std::vector<Candidate>& names) {
   for (const std::string& line : listed(names)) context.out().note(line);
-  context.out().raw(fmt::format("Which monitor (1 to {})? ", names.size()));
+  context.out().question(fmt::format("Which monitor (1 to {})? ", names.size()));
   std::string answer;
   if (!sys::readLine(answer) || answer.empty()) {
     throw Failure(ExitCode::kMonitor, "no monitor was chosen");

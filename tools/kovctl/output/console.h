@@ -25,8 +25,9 @@ struct ConsoleOptions {
 };
 
 /// Where everything goes that a command says: results to standard output, the rest to standard
-/// error. A text that cannot be written never ends what the command is doing; the loss is kept for
-/// the end. Any thread.
+/// error. Texts from outside go through plainText() here, so that they show and do nothing else. A
+/// text that cannot be written never ends what the command is doing; the loss is kept for the end.
+/// Any thread.
 class Console {
  public:
   explicit Console(ConsoleOptions chosen) : options(chosen) {}
@@ -36,6 +37,8 @@ class Console {
 
   /// A result for people; nothing in the JSON formats.
   void print(std::string_view text);
+  /// The same with parts that are styled(); what comes from outside in it is plain already.
+  void printStyled(std::string_view text);
   /// The result for programs; nothing in text format.
   void document(const Json& json);
   /// Something on the way; only where JSON lines are wanted.
@@ -45,8 +48,9 @@ class Console {
   void detail(std::string_view line, int level = 1);  ///< with -v
   void warn(std::string_view line);
   void error(std::string_view line);
-  /// Raw text on standard error, for progress.
-  void raw(std::string_view text);
+  void question(std::string_view text);
+  /// On a terminal, in place of the line that is there; an empty one takes that away.
+  void lineInPlace(std::string_view line);
 
   /// Whether a result was lost, other than to a reader that went away.
   bool hasLost() const { return lost; }

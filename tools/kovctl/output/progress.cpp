@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "output/plain_text.h"
 #include "output/table.h"
 
 namespace kovctl {
@@ -78,7 +79,8 @@ void Progress::begin(const std::string& title, const std::string& name,
   const std::lock_guard lock(mutex);
   clearLine();
   state = ProgressState{};
-  state.title = title;
+  // As it will be shown, so that its width is known.
+  state.title = plainLine(title);
   state.patches = patches;
   phase = name;
   exactTotal = patches.has_value();
@@ -139,7 +141,7 @@ void Progress::countDown(const std::string& what, int secondsLeft) {
   if (!terminal) {
     console.note(line);
   } else if (!console.chosen().quiet) {
-    console.raw("\r\x1b[K" + line);
+    console.lineInPlace(line);
     onLine = true;
   }
 }
@@ -152,12 +154,12 @@ void Progress::end() {
 void Progress::draw() {
   if (!terminal || console.chosen().quiet) return;
   // The last column stays free: some terminals break the line there.
-  console.raw("\r\x1b[K" + progressLine(state, width - 1));
+  console.lineInPlace(progressLine(state, width - 1));
   onLine = true;
 }
 
 void Progress::clearLine() {
-  if (onLine) console.raw("\r\x1b[K");
+  if (onLine) console.lineInPlace("");
   onLine = false;
 }
 

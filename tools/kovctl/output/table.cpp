@@ -3,6 +3,8 @@
 
 #include <algorithm>
 
+#include "output/plain_text.h"
+
 namespace kovctl {
 namespace {
 
@@ -30,6 +32,13 @@ std::size_t displayWidth(std::string_view text) {
   }
   return width;
 }
+
+void Table::add(std::vector<std::string> cells) {
+  for (std::string& cell : cells) cell = plainLine(cell);
+  rows.push_back(std::move(cells));
+}
+
+void Table::addStyled(std::vector<std::string> cells) { rows.push_back(std::move(cells)); }
 
 std::string Table::text() const {
   std::vector<std::size_t> widths;
@@ -62,7 +71,7 @@ std::string properties(const std::vector<std::pair<std::string, std::string>>& l
   for (const auto& [name, value] : lines) {
     std::string line;
     appendCell(line, name, width, Table::Align::kLeft);
-    result += withoutBlanksAtEnd(line + "  " + value);
+    result += withoutBlanksAtEnd(line + "  " + plainLine(value));
   }
   return result;
 }

@@ -24,7 +24,10 @@ class Table {
 
   explicit Table(std::vector<Column> wanted) : columns(std::move(wanted)) {}
 
-  void add(std::vector<std::string> cells) { rows.push_back(std::move(cells)); }
+  /// Cells may come from outside; nothing in them leaves its cell.
+  void add(std::vector<std::string> cells);
+  /// Cells of this program's own, which may be Console::styled().
+  void addStyled(std::vector<std::string> cells);
   bool isEmpty() const { return rows.empty(); }
   /// With a line of titles, two blanks between columns, and no blanks at the ends of lines.
   std::string text() const;

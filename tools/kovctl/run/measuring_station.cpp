@@ -33,7 +33,7 @@ MeasuringStation::MeasuringStation(Context& context, InstrumentOptions instrumen
   screen = makePatchScreen(screenOptions);
   if (!device->drawsItself() && context.isInteractive()) {
     screen->show(Patch::gray(128));
-    context.out().raw("Put the instrument on the patch and press Enter. ");
+    context.out().question("Put the instrument on the patch and press Enter. ");
     std::string line;
     const auto isInterrupted = [] { return sys::interruptCount() > 0; };
     sys::readLine(line, isInterrupted);

@@ -30,7 +30,7 @@ void warnOfNote(RunRecord& record) {
 
 void sayResult(Context& context, const RunRecord& record, const Verdict& verdict) {
   Console& console = context.out();
-  if (!record.patches.empty()) console.print(verdictText(console, verdict));
+  if (!record.patches.empty()) console.printStyled(verdictText(console, verdict));
   sayCalibrationData(console, record.result);
   for (const std::string& warning : record.warnings) console.warn(warning);
   if (record.simulated && console.isText()) console.note("This run was simulated.");

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "output/plain_text.h"
 #include "output/table.h"
 #include "run/run_end.h"
 
@@ -50,18 +51,18 @@ std::string verdictText(const Console& console, const Verdict& verdict) {
                {"Verdict"}});
   for (const Criterion& criterion : verdict.criteria) {
     if (!criterion.value && !criterion.limit) continue;
-    table.add({std::string(nameOf(criterion.quantity)),
-               criterion.value ? formatValue(criterion.quantity, *criterion.value) : "-",
-               criterion.limit ? formatLimit(*criterion.limit) : "-",
-               console.styled(styleOf(criterion.outcome), nameOf(criterion.outcome))});
+    table.addStyled({std::string(nameOf(criterion.quantity)),
+                     criterion.value ? formatValue(criterion.quantity, *criterion.value) : "-",
+                     criterion.limit ? formatLimit(*criterion.limit) : "-",
+                     console.styled(styleOf(criterion.outcome), nameOf(criterion.outcome))});
   }
   std::string text = table.text();
-  if (verdict.profile == nullptr) return text + verdict.reason + "\n";
+  if (verdict.profile == nullptr) return text + plainLine(verdict.reason) + "\n";
   const std::string profile = " (" + std::string(verdict.profile->title) + ")";
   const bool isPass = verdict.outcome == Outcome::kPass;
   text += console.styled(isPass ? Console::Style::kGood : Console::Style::kBad,
                          isPass ? "PASS" : "NO PASS") +
-          profile + ": " + verdict.reason + "\n" +
+          profile + ": " + plainLine(verdict.reason) + "\n" +
           "Left open by this profile: " + std::string(verdict.profile->notJudged) + ".\n";
   return text;
 }
