@@ -1,9 +1,16 @@
 # SPDX-License-Identifier: MIT
 # cmake -DLIBRARY=libl5kov.so -DREADELF=readelf -DOBJDUMP=objdump -DOPTIMISED=ON|OFF
 #       -DDEBUG_INFO=ON|OFF -DX86=ON|OFF -P hardening_test.cmake
-# What the linker and the compiler were told, read back from the shipped library.
+#       and of a program or another library -DPROGRAM=ON|OFF -DRUNPATH=PATH -DSOURCES=LEAST
+# What the linker and the compiler were told, read back from the shipped library or program.
 cmake_minimum_required(VERSION 3.25)
 set(failures "")
+if(NOT DEFINED RUNPATH)
+  set(RUNPATH "$ORIGIN")
+endif()
+if(NOT DEFINED SOURCES)
+  set(SOURCES 30)
+endif()
 
 function(read_binary variable)
   execute_process(COMMAND ${READELF} ${ARGN} ${LIBRARY}
@@ -29,6 +36,9 @@ read_binary(dynamic -dW)
 read_binary(symbols --dyn-syms -W)
 execute_process(COMMAND ${OBJDUMP} -d ${LIBRARY} OUTPUT_VARIABLE code)
 
+if(PROGRAM)
+  expect(dynamic "FLAGS_1[^\n]*PIE" "a program that runs at any address")
+endif()
 expect(segments "GNU_RELRO" "tables that become read-only after loading")
 expect(dynamic "BIND_NOW|FLAGS_1[^\n]*NOW" "all functions bound when loaded")
 expect(segments "GNU_STACK[^\n]* RW " "a stack without the right to run code")
@@ -53,7 +63,7 @@ if(DEBUG_INFO)
   read_binary(units --debug-dump=info --dwarf-depth=1 -W)
   string(REGEX MATCHALL "DW_AT_producer[^\n]*" producers "${units}")
   list(LENGTH producers count)
-  if(count LESS 30)
+  if(count LESS SOURCES)
     list(APPEND failures "only ${count} sources are told")
   endif()
   set(options stack-protector-strong stack-clash-protection)
@@ -68,7 +78,10 @@ if(DEBUG_INFO)
 endif()
 # The maker's libraries come from beside this one or from where the system looks; never from the
 # current folder (an empty entry) and never from where it was built.
-expect(dynamic "RUNPATH[^\n]*[[][$]ORIGIN[]]" "a search path of exactly $ORIGIN")
+string(REGEX MATCH "[(]RUNPATH[)][^\n]*[[]([^\n]*)[]]" found "${dynamic}")
+if(NOT CMAKE_MATCH_1 STREQUAL RUNPATH)
+  list(APPEND failures "missing: a search path of exactly ${RUNPATH}")
+endif()
 refuse(dynamic "\\(RPATH\\)" "a search path that goes before LD_LIBRARY_PATH")
 if(failures)
   list(JOIN failures "\n  " text)
