@@ -208,6 +208,23 @@ TEST(Report, NothingHostileGetsOut) {
   EXPECT_EQ(html.find('\x01'), std::string::npos);
 }
 
+TEST(Report, NothingHostileEndsAnAttributeOrBeginsAnElement) {
+  const std::string html = renderReport(test::hostileRecord());
+  // In the record's own text at the end quotes are those of JSON, and "<" is escaped there, too.
+  const std::string page = html.substr(0, html.find("id=\"run-record\">"));
+  ASSERT_LT(page.size(), html.size());
+  EXPECT_NE(page.find("&#39; onmouseover=&#39;alert(1)"), std::string::npos) << "the package";
+  EXPECT_EQ(page.find("' onmouseover="), std::string::npos);
+  EXPECT_EQ(page.find("\" onmouseover="), std::string::npos);
+  EXPECT_EQ(html.find("<b id="), std::string::npos);
+  for (const char* field : {"edid-model", "edid-serial", "instrument-kind", "instrument-serial",
+                            "kovctl", "library", "history-instrument", "history-time"}) {
+    EXPECT_NE(page.find("<bdi>" + escapeHtml(test::hostileTag(field)) + "</bdi>"),
+              std::string::npos)
+        << field << " is shown, as text";
+  }
+}
+
 TEST(Report, ThePolicyForbidsTheNetworkAndNamesItsOwnTexts) {
   const std::string html = renderReport(test::hostileRecord());
   const std::string policy = between(html, "Content-Security-Policy\" content=\"", "\"");

@@ -192,6 +192,26 @@ RunRecord sampleCanceled() {
   return record;
 }
 
+std::string hostileTag(const std::string& field) {
+  return "'\" onmouseover='alert(1)' x=\"<b id=" + field + ">";
+}
+
+namespace {
+
+// Where nothing else hostile stands: a tag that tells its field.
+void plantTags(RunRecord& record) {
+  record.monitor.edid = Edid{hostileTag("edid-model"), hostileTag("edid-serial"), 2024};
+  record.instrument.kind = hostileTag("instrument-kind");
+  record.instrument.serial = hostileTag("instrument-serial");
+  record.versions.kovctl = hostileTag("kovctl");
+  record.versions.library = hostileTag("library");
+  for (HistoryPoint& point : record.history) point.instrument = hostileTag("history-instrument");
+  // The others keep theirs, so that they are drawn.
+  record.history.front().time = hostileTag("history-time");
+}
+
+}  // namespace
+
 RunRecord hostileRecord() {
   RunRecord record = sampleCalibration();
   const std::string attack = "</script></title><img src=x onerror=\"document.title='owned'\"><!--";
@@ -212,6 +232,7 @@ RunRecord hostileRecord() {
   record.result.error = RunError{1, "<b>", attack};
   record.result.monitorStateText = attack;
   for (HistoryPoint& point : record.history) point.performer = attack;
+  plantTags(record);
   return record;
 }
 

@@ -22,6 +22,10 @@ RunRecord sampleCanceled();
 /// Every text of it tries to break out of the page.
 RunRecord hostileRecord();
 
+/// What hostileRecord() has in that field: it ends an attribute of either quotes, and begins an
+/// element.
+std::string hostileTag(const std::string& field);
+
 /// A record with every optional member present.
 RunRecord completeRecord();
 
