@@ -83,8 +83,8 @@ bool isHarmlessJavaOption(std::string_view option) {
       option, {"-D", "-Xlog", "-verbose", "-ea", "-da", "-enableassertions", "-disableassertions"});
 }
 
-// What Java cannot have while it starts, such as a heap or a tool library, is fatal: it ends the process
-// that hosts it, where a word that it does not know is only refused.
+// What Java cannot have while it starts, such as a heap or a tool library, is fatal: it ends the
+// process that hosts it, where a word that it does not know is only refused.
 void checkJavaOptions(CheckList& list) {
   std::string found;
   bool inFile = false;
