@@ -34,14 +34,16 @@ TEST(JavaOptions, AreSplitWhereJavaDoes) {
 }
 
 TEST(JavaOptions, AreHarmlessOnlyWhereJavaLoadsAndTakesNothingForThem) {
-  for (const char* option : {"-Da", "-Djava.io.tmpdir=/x", "-Xlog:gc", "-verbose", "-ea:a.B", "-da",
+  for (const char* option : {"-Da", "-Djavax", "-Dfile=x", "-Djava.io.tmpdir=/x", "-Duser.timezone",
+                             "-Xlog:gc", "-Xlog:help=x", "-verbose", "-ea:a.B", "-da",
                              "-Xcheck:jni", "-Xrs", "-XX:NativeMemoryTracking=detail"}) {
     EXPECT_TRUE(isHarmlessJavaOption(option)) << option;
   }
   for (const char* option :
        {"", "-Xcheck:nope", "-XX:NativeMemoryTracking=nope", "-XX:+UseSerialGC",
         "-Xbootclasspath/a:x", "-agentpath:x", "--add-modules=x", "-Djava.security.manager",
-        "-Djdk.module.path=x", "D"}) {
+        "-Djdk.module.path=x", "-Djava.io.tmpdir2=x", "-Dcom.sun.management.config.file=x",
+        "-Dfile.separator=", "-Xlog:help", "-D", "-D=x", "D"}) {
     EXPECT_FALSE(isHarmlessJavaOption(option)) << option;
   }
 }

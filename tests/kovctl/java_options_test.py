@@ -8,8 +8,15 @@ from harness import KovctlTest
 FATAL = ("-agentlib:nope", "-javaagent:/nope.jar", "-XX:MaxMetaspaceSize=1k",
          "-Xshare:on -XX:SharedArchiveFile=/nope", "--limit-modules=nope",
          "-Djava.security.manager=nope", "-Djava.system.class.loader=Nope",
-         "-Djdk.module.main=nope")
-HARMLESS = ("-Dsome.property=1", "-Dsome.property='two words' \"-Da=b c\"", "-Xcheck:jni",
+         "-Djdk.module.main=nope", "-Dcom.sun.management.jmxremote.port=nope",
+         "-Dcom.sun.management.config.file=/nope", "-Dfile.separator=",
+         "-Djava.lang.Integer.IntegerCache.high=2147483000")
+HARMLESS = ("-Dsome.property=1", "-DRAM=1 -Dx=-Xmx1k -Djava.io.tmpdir=/mnt/RAMDISK",
+            *("-D" + name + "=nope" for name in (
+                "file.encoding", "java.awt.headless", "java.io.tmpdir", "java.library.path",
+                "java.net.preferIPv4Stack", "java.net.preferIPv6Addresses", "user.country",
+                "user.language", "user.timezone")),
+             "-Dsome.property='two words' \"-Da=b c\"", "-Xcheck:jni",
             "-Xlog:disable -verbose:gc", "-ea -da:some.Name -enableassertions:some.Name",
             "-XX:NativeMemoryTracking=summary -Xrs", "-XX:+UnlockDiagnosticVMOptions")
 
@@ -35,6 +42,11 @@ class JavaOptions(KovctlTest):
                 self.assertIn("ends the whole host's process", checks["java-options"]["remedy"])
                 self.assertEqual(checks["java-start"]["state"], "FAIL")
                 self.assertIn("the process ended with 1", checks["java-start"]["found"])
+
+    def test_that_prints_its_help_and_ends_the_process(self):
+        checks = self.doctor("JAVA_TOOL_OPTIONS", "-Xlog:help")
+        self.assertEqual(checks["java-options"]["state"], "warn")
+        self.assertEqual(checks["java-start"]["state"], "FAIL")
 
     def test_one_among_harmless_ones(self):
         self.assertIn("may keep Java",

@@ -55,7 +55,7 @@ void CheckList::add(const Check& check) {
   console.printStyled(fmt::format("{}{}{:<26}  {}\n",
                                   console.styled(styleOf(check.state), nameOf(check.state)), blanks,
                                   plainLine(check.title), plainLine(check.found)));
-  if (!check.remedy.empty()) console.print(fmt::format("      {:<26}  → {}\n", "", check.remedy));
+  if (!check.remedy.empty()) console.printLine(fmt::format("      {:<26}  → {}", "", check.remedy));
   Json event{{"event", "check"}};
   event.update(jsonOf(check));
   console.event(event);

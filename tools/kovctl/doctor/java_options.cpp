@@ -12,10 +12,13 @@ namespace {
 constexpr const char* kId = "java-options";
 constexpr const char* kTitle = "Java options";
 
+constexpr std::string_view kProperty = "-D";
+
 // "-Xmx", "-Xms", "-Xmn", "-XX:MaxHeapSize=" and the like, "-XX:MaxRAMPercentage=" and the like.
-bool asksForHeap(const std::string& options) {
+bool asksForHeap(std::string_view option) {
+  if (option.substr(0, kProperty.size()) == kProperty) return false;
   for (const char* part : {"-Xm", "HeapSize", "RAM"}) {
-    if (options.find(part) != std::string::npos) return true;
+    if (option.find(part) != std::string_view::npos) return true;
   }
   return false;
 }
@@ -34,9 +37,27 @@ bool beginsWithOneOf(std::string_view option, const std::vector<std::string_view
   });
 }
 
-bool areHarmless(const std::string& options) {
-  const std::vector<std::string> all = splitJavaOptions(options);
-  return std::all_of(all.begin(), all.end(), isHarmlessJavaOption);
+// Java reads properties of these names while it starts, and some name what it must then have: a
+// class, a module, a file, a port, an amount of memory, a separator.
+bool isPropertyOfJava(std::string_view name) {
+  return beginsWithOneOf(
+      name, {"java.", "javax.", "jdk.", "sun.", "com.sun.", "file.", "path.", "line.", "user.",
+             "os.", "native.", "stdout.", "stderr.", "stdin."});
+}
+
+// With any value at all.
+bool isHarmlessProperty(std::string_view name) {
+  const std::vector<std::string_view> harmless = {"file.encoding",
+                                                  "java.awt.headless",
+                                                  "java.io.tmpdir",
+                                                  "java.library.path",
+                                                  "java.net.preferIPv4Stack",
+                                                  "java.net.preferIPv6Addresses",
+                                                  "user.country",
+                                                  "user.language",
+                                                  "user.timezone"};
+  if (std::find(harmless.begin(), harmless.end(), name) != harmless.end()) return true;
+  return !name.empty() && !isPropertyOfJava(name);
 }
 
 }  // namespace
@@ -65,11 +86,12 @@ std::vector<std::string> splitJavaOptions(std::string_view text) {
 }
 
 bool isHarmlessJavaOption(std::string_view option) {
-  // Properties that name a class or a module that Java needs for its start.
-  if (beginsWithOneOf(option,
-                      {"-Djava.security.manager", "-Djava.system.class.loader", "-Djdk.module."})) {
-    return false;
+  if (beginsWithOneOf(option, {kProperty})) {
+    const std::string_view setting = option.substr(kProperty.size());
+    return isHarmlessProperty(setting.substr(0, setting.find('=')));
   }
+  // It prints its help and ends the process.
+  if (option == "-Xlog:help") return false;
   const std::vector<std::string_view> harmless = {"-Xcheck:jni",
                                                   "-Xrs",
                                                   "-XX:NativeMemoryTracking=off",
@@ -80,7 +102,7 @@ bool isHarmlessJavaOption(std::string_view option) {
   if (std::find(harmless.begin(), harmless.end(), option) != harmless.end()) return true;
   // They say more or check more. "-ea", "-da" and their long forms may go on with a class's name.
   return beginsWithOneOf(
-      option, {"-D", "-Xlog", "-verbose", "-ea", "-da", "-enableassertions", "-disableassertions"});
+      option, {"-Xlog", "-verbose", "-ea", "-da", "-enableassertions", "-disableassertions"});
 }
 
 // What Java cannot have while it starts, such as a heap or a tool library, is fatal: it ends the
@@ -88,16 +110,16 @@ bool isHarmlessJavaOption(std::string_view option) {
 void checkJavaOptions(CheckList& list) {
   std::string found;
   bool inFile = false;
-  bool harmless = true;
+  std::vector<std::string> options;
   for (const char* name : {"JAVA_TOOL_OPTIONS", "_JAVA_OPTIONS"}) {
     const char* const value = std::getenv(name);
     if (value != nullptr && *value != '\0') {
       found += (found.empty() ? "" : "; ") + std::string(name) + "=" + value;
       inFile = inFile || namesFile(value);
-      harmless = harmless && areHarmless(value);
+      for (const std::string& option : splitJavaOptions(value)) options.push_back(option);
     }
   }
-  if (asksForHeap(found)) {
+  if (std::any_of(options.begin(), options.end(), asksForHeap)) {
     list.warn(kId, kTitle, "ask for memory: " + found,
               "take that out: where Java cannot have it, it ends the whole host's process");
   } else if (inFile) {
@@ -105,7 +127,7 @@ void checkJavaOptions(CheckList& list) {
         kId, kTitle, "name a file of options, which was not looked into: " + found,
         "look whether it asks for memory: where Java cannot have it, it ends the whole host's "
         "process");
-  } else if (!harmless) {
+  } else if (!std::all_of(options.begin(), options.end(), isHarmlessJavaOption)) {
     list.warn(kId, kTitle, "may keep Java from its start: " + found,
               "take out what is not needed: for some options the Java runtime ends the whole "
               "host's process");
