@@ -5,6 +5,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "output/console.h"
 #include "output/table.h"
 
 namespace kovctl {
@@ -20,9 +21,10 @@ std::string utf8(unsigned number) {
           byte(0x80 | (number & 0x3FU))};
 }
 
+// Control characters (Cc), and those with the property Bidi_Control by Unicode's PropList.txt.
 bool isObeyed(unsigned number) {
-  return number < 0x20 || (number >= 0x7F && number <= 0x9F) || number == 0x200E ||
-         number == 0x200F || (number >= 0x202A && number <= 0x202E) ||
+  return number < 0x20 || (number >= 0x7F && number <= 0x9F) || number == 0x061C ||
+         number == 0x200E || number == 0x200F || (number >= 0x202A && number <= 0x202E) ||
          (number >= 0x2066 && number <= 0x2069);
 }
 
@@ -58,8 +60,15 @@ TEST(PlainText, EscapesInJsonAndChangesNoValue) {
   const std::string json = plainJson(nlohmann::json{text}.dump());
   EXPECT_EQ(nlohmann::json::parse(json).at(0), text);
   EXPECT_EQ(plainLine(json), json);
-  EXPECT_EQ(plainJson("{\"a\": \"\x7F\xC2\x9B\xE2\x80\xAE\"}\n"),
-            "{\"a\": \"\\u007f\\u009b\\u202e\"}\n");
+  EXPECT_EQ(plainJson("{\"a\": \"\x7F\xC2\x9B\xE2\x80\xAE\"}"),
+            "{\"a\": \"\\u007f\\u009b\\u202e\"}");
+}
+
+TEST(PlainText, KeepsAResultsLineOneLine) {
+  testing::internal::CaptureStdout();
+  Console({}).printLine("OR-C321\nPASS: forged\t\x1b[0m");
+  EXPECT_EQ(testing::internal::GetCapturedStdout(),
+            "OR-C321" + kShown + "PASS: forged" + kShown + kShown + "[0m\n");
 }
 
 TEST(PlainText, HoldsForCellsAndProperties) {

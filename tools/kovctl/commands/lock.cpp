@@ -20,7 +20,7 @@ ExitCode lockKeys(Context& context, const std::string& wanted, bool on) {
     throw Failure(ExitCode::kCommunication,
                   "the keys of " + chosen.name.text() + " are still " + state);
   }
-  context.out().print(chosen.name.text() + ": keys " + state + "\n");
+  context.out().printLine(chosen.name.text() + ": keys " + state);
   Json document = documentOf("lock");
   document["monitor"] = chosen.name.text();
   document["keys"] = state;

@@ -31,7 +31,7 @@ ExitCode restore(Context& context, const std::string& wanted, std::optional<int>
   if (result.restored) ModeNote::remove(chosen.name);
   const std::string sentence = chosen.name.text() + ": " + result.sentence;
   if (result.restored) {
-    context.out().print(sentence + "\n");
+    context.out().printLine(sentence);
   } else {
     context.out().error(sentence);
   }

@@ -31,6 +31,10 @@ void Console::print(std::string_view text) {
   if (isText()) result(plainText(text));
 }
 
+void Console::printLine(std::string_view line) {
+  if (isText()) result(plainLine(line) + "\n");
+}
+
 void Console::printStyled(std::string_view text) {
   if (isText()) result(text);
 }

@@ -35,8 +35,10 @@ class Console {
   const ConsoleOptions& chosen() const { return options; }
   bool isText() const { return options.format == Format::kText; }
 
-  /// A result for people; nothing in the JSON formats.
+  /// A result for people; nothing in the JSON formats. Its line feeds and tabs are kovctl's own.
   void print(std::string_view text);
+  /// The same of one line, with the line feed behind it.
+  void printLine(std::string_view line);
   /// The same with parts that are styled(); what comes from outside in it is plain already.
   void printStyled(std::string_view text);
   /// The result for programs; nothing in text format.

@@ -23,7 +23,8 @@ std::optional<unsigned> controlIn(std::string_view sequence) {
     return number >= first && number <= last;
   };
   const bool isControl = number < 0x20 || isFrom(0x7F, 0x9F);
-  const bool turns = isFrom(0x200E, 0x200F) || isFrom(0x202A, 0x202E) || isFrom(0x2066, 0x2069);
+  const bool turns = number == 0x061C || isFrom(0x200E, 0x200F) || isFrom(0x202A, 0x202E) ||
+                     isFrom(0x2066, 0x2069);
   if (sequence.size() > 3 || (!isControl && !turns)) return std::nullopt;
   return number;
 }
@@ -61,8 +62,6 @@ std::string plainText(std::string_view text) {
 
 std::string plainJson(std::string_view json) {
   return replaced(json, [](std::optional<unsigned> control) {
-    // Line feeds stand between members only.
-    if (control == unsigned{'\n'}) return std::string("\n");
     return control ? fmt::format("\\u{:04x}", *control) : std::string(kReplacement);
   });
 }

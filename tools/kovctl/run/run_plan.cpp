@@ -103,7 +103,7 @@ ExitCode dryRun(Context& context, const RunOptions& options) {
   const TargetRequest request = makeTarget(options.target);
   const PlannedCurve plan = plannedCurve(request.target);
   Console& console = context.out();
-  console.print("Target: " + describe(request.target) + "\n");
+  console.printLine("Target: " + describe(request.target));
   Json document = documentOf("plan");
   document["target"] = describe(request.target);
   document["assumedBlack"] = plan.isBlackAssumed;
@@ -116,7 +116,7 @@ ExitCode dryRun(Context& context, const RunOptions& options) {
   document["total"] = total;
   document["limits"] = options.limits;
   document["monitorChecked"] = false;
-  console.print("Limits: " + options.limits + "\n");
+  console.printLine("Limits: " + options.limits);
   console.print(
       "No monitor was looked at: whether there is one of that name, and such a look-up table, only "
       "a run tells. The patches are those of the simulated library; another may measure "
