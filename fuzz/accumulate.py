@@ -14,10 +14,12 @@ each round (target, processor seconds by getrusage, wall seconds, inputs, what t
 the program's SHA-256), an unfinished one too. What counts is the time of the programs that are
 there now.
 
-A crash leaves its input in FOLDER (TARGET-crash-…, and so on). Its target does not run as long as
-that lies there, and the program ends with 1 after the others' hours.
+A crash leaves its input in FOLDER (TARGET-crash-…, and so on); a round that fails without one, since
+it could not start or the system killed it, leaves what it said (TARGET-failed-….log). The target does
+not run as long as either lies there, and the program ends with 1 after the others' hours.
 """
 import argparse
+import contextlib
 import csv
 import hashlib
 import os
@@ -29,7 +31,8 @@ import time
 
 LIMITS = ["-max_len=4096", "-timeout=300", "-rss_limit_mb=4096", "-print_final_stats=1"]
 FIELDS = ["target", "cpu_seconds", "wall_seconds", "inputs", "ended", "program"]
-KINDS = ["crash", "leak", "oom", "timeout"]
+KINDS = ["crash", "leak", "oom", "timeout", "failed"]
+ENDS = {signal.SIGINT, signal.SIGTERM}
 
 
 class Rounds:
@@ -40,6 +43,8 @@ class Rounds:
         self.programs = {target: hashlib.sha256((folder / target).read_bytes()).hexdigest()[:16]
                          for target in targets}
         self.rows = list(csv.DictReader(file.open())) if file.exists() else []
+        if any(list(row) != FIELDS for row in self.rows):
+            sys.exit(f"{file} has other columns than {','.join(FIELDS)}; move it away")
 
     def sum(self, target, field, present=True):
         return sum(float(row[field]) for row in self.rows if row["target"] == target
@@ -58,8 +63,12 @@ class Rounds:
             writer.writerow(row)
 
 
-def targets_of(folder, kept):
-    targets = sorted(name.name for name in kept.iterdir() if name.is_dir())
+def targets_of(folder, kept, asked):
+    known = sorted(name.name for name in kept.iterdir() if name.is_dir())
+    strange = [target for target in asked if target not in known]
+    if strange:
+        sys.exit(f"{kept} has no {', '.join(strange)}")
+    targets = asked or known
     missing = [target for target in targets if not os.access(folder / target, os.X_OK)]
     if missing:
         sys.exit(f"{folder} lacks {', '.join(missing)}")
@@ -78,31 +87,56 @@ def options_of(kept, target):
         line for line in lines if not line.startswith("#")]
 
 
-def start(folder, kept, target, seconds, niceness):
+def become(folder, kept, target, seconds, niceness, log):
+    """Makes this process the target."""
+    # The parent's handlers are not the child's; an end that came meanwhile is one for it, too.
+    for number in ENDS:
+        signal.signal(number, signal.SIG_DFL)
+    signal.pthread_sigmask(signal.SIG_UNBLOCK, ENDS)
+    out = os.open(log, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644)
+    os.dup2(out, 1)
+    os.dup2(out, 2)
+    os.nice(niceness)
+    os.chdir(folder)
     corpus = folder / "corpus" / target
     corpus.mkdir(parents=True, exist_ok=True)
+    os.execv(folder / target,
+             [target, f"-max_total_time={seconds}", *LIMITS, *options_of(kept, target),
+              f"-artifact_prefix={folder}/{target}-", str(corpus), str(kept / target)])
+
+
+def start(folder, kept, target, seconds, niceness):
     log = folder / f"{target}.round.log"
     process = os.fork()
     if process == 0:
-        os.nice(niceness)
-        os.chdir(folder)
-        out = os.open(log, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644)
-        os.dup2(out, 1)
-        os.dup2(out, 2)
-        os.execv(folder / target,
-                 [target, f"-max_total_time={seconds}", *LIMITS, *options_of(kept, target),
-                  f"-artifact_prefix={folder}/{target}-", str(corpus), str(kept / target)])
+        try:
+            become(folder, kept, target, seconds, niceness, log)
+        except OSError as error:
+            os.write(2, f"{error}\n".encode())
+        finally:
+            os._exit(126)
     return process, log, time.monotonic()
 
 
-def finish(folder, running, process, status, usage):
+def how_it_ended(folder, target, log, code, ending):
+    if crashes(folder, target):
+        return "crash"
+    if code == 0:
+        return "time"
+    if ending:
+        return "ended"
+    log.rename(folder / f"{target}-failed-{time.time_ns()}.log")
+    return "failed"
+
+
+def finish(folder, running, process, status, usage, ending):
     target, log, begun = running.pop(process)
     found = re.search(r"number_of_executed_units: *(\d+)", log.read_text(errors="replace"))
-    ended = "time" if os.waitstatus_to_exitcode(status) == 0 else "ended"
+    code = os.waitstatus_to_exitcode(status)
     return {"target": target, "cpu_seconds": f"{usage.ru_utime + usage.ru_stime:.3f}",
             "wall_seconds": f"{time.monotonic() - begun:.0f}",
             "inputs": found.group(1) if found else 0,
-            "ended": "crash" if crashes(folder, target) else ended}
+            "ended": how_it_ended(folder, target, log, code, ending)}
 
 
 def table(folder, rounds, targets):
@@ -110,7 +144,7 @@ def table(folder, rounds, targets):
         print(f"{target:16} {rounds.seconds(target):8.0f} CPU s {rounds.sum(target, 'inputs'):14,.0f}"
               f" inputs; earlier programs {rounds.sum(target, 'cpu_seconds', False):8.0f} CPU s "
               f"{rounds.sum(target, 'inputs', False):14,.0f} inputs"
-              f"{'  CRASHED' if crashes(folder, target) else ''}")
+              f"{'  CRASHED or FAILED' if crashes(folder, target) else ''}")
 
 
 class Turns:
@@ -120,31 +154,35 @@ class Turns:
         self.folder, self.kept, self.rounds, self.given = folder, kept, rounds, given
         self.running = {}
         self.ending = False
-        for number in (signal.SIGINT, signal.SIGTERM):
+        for number in ENDS:
             signal.signal(number, self.end)
 
     def end(self, _number, _frame):
         self.ending = True
         for process in self.running:
-            os.kill(process, signal.SIGINT)  # the fuzzer says its figures, and ends
+            with contextlib.suppress(ProcessLookupError):
+                os.kill(process, signal.SIGINT)  # the fuzzer says its figures, and ends
 
     def begin(self):
         busy = {entry[0] for entry in self.running.values()}
         waiting = [target for target in self.given.target or self.rounds.programs
                    if target not in busy and not crashes(self.folder, target)
                    and self.rounds.seconds(target) < 3600 * self.given.hours]
+        # An end waits until the process is known that it has to reach.
+        signal.pthread_sigmask(signal.SIG_BLOCK, ENDS)
         while waiting and not self.ending and len(self.running) < self.given.beside:
             target = min(waiting, key=self.rounds.seconds)
             waiting.remove(target)
             process, log, begun = start(self.folder, self.kept, target, self.given.round,
                                         self.given.nice)
             self.running[process] = (target, log, begun)
+        signal.pthread_sigmask(signal.SIG_UNBLOCK, ENDS)
 
     def run(self):
         self.begin()
         while self.running:
             process, status, usage = os.wait3(0)
-            row = finish(self.folder, self.running, process, status, usage)
+            row = finish(self.folder, self.running, process, status, usage, self.ending)
             self.rounds.add(row | {"program": self.rounds.programs[row["target"]]})
             self.begin()
 
@@ -163,7 +201,7 @@ def main():
     given = parser.parse_intermixed_args()
     folder = given.folder.resolve()
     kept = (given.kept or pathlib.Path(__file__).resolve().parent / "corpus").resolve()
-    targets = targets_of(folder, kept)
+    targets = targets_of(folder, kept, given.target)
     rounds = Rounds(folder, targets, given.log or folder / "accumulated.csv")
     if not given.table:
         Turns(folder, kept, rounds, given).run()

@@ -69,9 +69,13 @@ class Accumulate(unittest.TestCase):
         self.assertEqual(self.run_it("--table").returncode, 1)
 
     def test_what_is_ended_from_outside_counts_and_is_no_crash(self):
-        self.target("long", "trap 'exit 72' INT\n" + FIGURES + "while :; do :; done\n")
+        self.target("long", "trap 'exit 72' INT\n" + WORK + FIGURES + "while :; do :; done\n")
         with subprocess.Popen(self.command("--hours", "1"), stdout=subprocess.PIPE) as running:
-            time.sleep(1)
+            # Once the target speaks it has its trap, and the program that started it its handlers.
+            log = self.folder / "long.round.log"
+            while not (log.exists() and log.read_text()):
+                self.assertIsNone(running.poll())
+                time.sleep(0.02)
             running.send_signal(signal.SIGTERM)
             self.assertEqual(running.wait(20), 0)
         row, = self.rows()
@@ -82,9 +86,46 @@ class Accumulate(unittest.TestCase):
         self.target("one", WORK)
         self.run_it()
         self.target("one", WORK + FIGURES)
-        self.assertIn("one                     0 CPU s", self.run_it("--table").stdout)
+        told = self.run_it("--table").stdout
+        self.assertRegex(told, r"^one +0 CPU s +0 inputs; earlier programs +[0-9]+ CPU s +0 inputs$")
         self.run_it()
         self.assertEqual(len({row["program"] for row in self.rows()}), 2)
+        self.assertRegex(self.run_it("--table").stdout, r" 7 inputs; earlier programs .* 0 inputs$")
+
+    def test_a_log_of_another_form_is_refused_and_kept(self):
+        self.target("one", FIGURES)
+        log = self.folder / "accumulated.csv"
+        log.write_text("target,cpu_seconds,wall_seconds,inputs,ended\none,5.000,5,9,time\n")
+        done = self.run_it()
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("other columns", done.stderr)
+        self.assertEqual(len(log.read_text().splitlines()), 2)
+
+    def test_a_round_that_fails_without_a_crash_is_one_and_its_last(self):
+        self.target("killed", "echo why; kill -9 $$\n")
+        self.target("odd", "exit 23\n")
+        self.target("strange", "")
+        (self.folder / "strange").write_bytes(b"\x7fELF")
+        self.target("good", WORK)
+        done = self.run_it()
+        self.assertEqual((done.returncode, done.stderr), (1, ""))
+        self.assertEqual(sorted((row["target"], row["ended"]) for row in self.rows()),
+                         [("good", "time"), ("killed", "failed"), ("odd", "failed"),
+                          ("strange", "failed")])
+        said, = self.folder.glob("killed-failed-*.log")
+        self.assertIn("why", said.read_text())
+        self.assertEqual(self.run_it("--table").returncode, 1)
+        for log in self.folder.glob("*-failed-*.log"):
+            log.unlink()
+        self.assertEqual(self.run_it("--table").returncode, 0)
+
+    def test_only_what_is_asked_for_must_be_there(self):
+        self.target("one", WORK + FIGURES)
+        (self.kept / "two").mkdir()
+        self.assertEqual(self.run_it("one").returncode, 0)
+        done = self.run_it("three")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("has no three", done.stderr)
 
     def test_a_target_that_was_not_built(self):
         self.target("one", WORK)
