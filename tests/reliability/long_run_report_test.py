@@ -81,10 +81,18 @@ class LongRunReport(unittest.TestCase):
             self.fails("calibrations", 5000, {figure: 256 * 5000 // 1024}, name, *few,
                        compiling=True)
 
+    def test_what_comes_late(self):
+        for figure, name in [("resident", "resident"), ("native", "native heap"),
+                             ("own", "Java's own")]:
+            self.passes("operations", 10_000_000, {figure: 10000}, at=[17])
+            self.fails("operations", 10_000_000, {figure: 100000}, name, at=[17])
+            self.fails("operations", 10_000_000, {figure: 100000}, name, at=[17], compiling=True)
+
     def test_says_what_it_would_have_noticed(self):
         rows = [line.split(" | ") for line in run("threads", 20000, {}).stdout.splitlines()]
         told = {row[1]: int(row[-1].split()[0]) for row in rows if "bytes each" in row[-1]}
         self.assertEqual(sorted(told), ["Java's own", "native heap", "resident"])
+        self.assertEqual([row[-1] for row in rows if "descriptors" in row], ["1 |"])
         for figure, name in [("resident", "resident"), ("native", "native heap")]:
             leak = told[name] * 20000 // 1024
             self.fails("threads", 20000, {figure: leak + 60}, name)

@@ -9,8 +9,9 @@ LONG.csv  what reliability_long_run printed, with tools/reliability/jvm_memory.s
 
 For each kind of work and each figure: the slope of a straight line fitted to the samples behind the
 warm-up (the first quarter), as growth over the whole run, with its 95 % confidence interval. A slope
-whose interval holds 0 is no growth that can be told from noise; the others are marked. The last
-column is the smallest leak, even over the run, that --check would have noticed in it.
+whose interval holds 0 is no growth that can be told from noise; the others are marked. "At least" is
+the growth that --check holds against the limit, "caught from" the smallest leak, even over the run,
+that it would have noticed.
 
 --check ends with 1 when one of the phases (operations, threads, calibrations) is missing, or when
 something grows beyond its limit even at the lower end of an interval: handles and descriptors at all
@@ -19,8 +20,8 @@ bytes for each operation, thread or calibration as BYTES_EACH has. The Java runt
 megabytes for moments, so of the native heap and of the Java runtime's own memory it is what is
 beside the compilers' part, by the middle slope between any two samples (Theil and Sen): the two are
 asked for one after the other, and now and then apart. Resident size keeps what the compilers took:
-of it, it is the middle step from sample to sample, as often as there are steps (sign test), and the
-line may rise by 16 MiB more.
+of it, it is the middle step from sample to sample, as often as there are steps (sign test). Of none
+of the three may the line rise by 16 MiB more than that, so that what comes late in the run counts.
 """
 import argparse
 import csv
@@ -52,56 +53,66 @@ def read(file):
     return phases
 
 
-def growth(rows, column):
-    """Growth over the whole run, and half the width of its confidence interval."""
-    behind = rows[len(rows) // 4:]
-    x = [row[0] / rows[-1][0] for row in behind]
-    y = [row[1 + column] for row in behind]
-    n = len(x)
-    mx, my = sum(x) / n, sum(y) / n
-    sxx = sum((a - mx) ** 2 for a in x)
-    slope = sum((a - mx) * (b - my) for a, b in zip(x, y)) / sxx
-    left = sum((b - my - slope * (a - mx)) ** 2 for a, b in zip(x, y))
+def behind_warm_up(rows, column):
+    """Where in the run (0 to 1) a figure had which value."""
+    return [(row[0] / rows[-1][0], row[1 + column]) for row in rows[len(rows) // 4:]]
+
+
+def beside_the_compilers(rows, column):
+    return [(row[0] / rows[-1][0], row[1 + column] - row[1 + COMPILERS])
+            for row in rows[len(rows) // 4:]]
+
+
+def line(points):
+    """Growth over the whole run by a straight line, and half the width of its confidence interval."""
+    n = len(points)
+    mx, my = sum(x for x, _ in points) / n, sum(y for _, y in points) / n
+    sxx = sum((x - mx) ** 2 for x, _ in points)
+    slope = sum((x - mx) * (y - my) for x, y in points) / sxx
+    left = sum((y - my - slope * (x - mx)) ** 2 for x, y in points)
     return slope, T975[min(n - 3, len(T975) - 1)] * math.sqrt(left / (n - 2) / sxx)
 
 
-def steady_growth(rows, column):
-    """Growth over the whole run when each step behind the warm-up is the least that the middle one
-    can be with 97.5 % (sign test)."""
-    behind = rows[len(rows) // 4:]
-    steps = sorted(b[1 + column] - a[1 + column] for a, b in zip(behind, behind[1:]))
+def line_at_least(points):
+    slope, half = line(points)
+    return slope - half
+
+
+def steps_at_least(points, number):
+    """Growth over the whole run of so many steps when each is the least that the middle one can be
+    with 97.5 % (sign test)."""
+    steps = sorted(b[1] - a[1] for a, b in zip(points, points[1:]))
     n, rank, below = len(steps), 0, 1
     while below / 2 ** n <= 0.025:
         rank += 1
         below += math.comb(n, rank)
-    return steps[max(rank - 1, 0)] * (len(rows) - 1)
+    return steps[max(rank - 1, 0)] * number
 
 
-def beside_the_compilers(rows, column):
-    """Growth over the whole run of a figure without the compilers' part: the least that the middle
-    slope between two samples can be with 97.5 % (Sen's interval by Kendall's variance)."""
-    behind = [(row[0] / rows[-1][0], row[1 + column] - row[1 + COMPILERS])
-              for row in rows[len(rows) // 4:]]
-    n = len(behind)
+def slopes_at_least(points):
+    """Growth over the whole run: the least that the middle slope between two samples can be with
+    97.5 % (Sen's interval by Kendall's variance)."""
+    n = len(points)
     slopes = sorted((b[1] - a[1]) / (b[0] - a[0])
-                    for at, a in enumerate(behind) for b in behind[at + 1:])
+                    for at, a in enumerate(points) for b in points[at + 1:])
     width = 1.96 * math.sqrt(n * (n - 1) * (2 * n + 5) / 18)
     return slopes[max(int((len(slopes) - width) / 2) - 1, 0)]
 
 
 def verdict(phase, rows, name, bytes_each):
     """By how much a figure has grown at least, and how much it may."""
-    column = COLUMNS.index(name)
-    slope, half = growth(rows, column)
+    points = behind_warm_up(rows, COLUMNS.index(name))
     if name in COUNTS:
-        return slope - half, 0.5
+        return line_at_least(points), 0.5
     if name == "Java heap":
-        return slope - half, JAVA_HEAP_KIB
+        return line_at_least(points), JAVA_HEAP_KIB
     allowed = ONCE_KIB + rows[-1][0] * bytes_each[phase] / 1024
     if name == "resident":
-        over = slope - half - COMPILERS_KIB
-        return max(steady_growth(rows, column), over), allowed
-    return beside_the_compilers(rows, column), allowed
+        least = steps_at_least(points, len(rows) - 1)
+    else:
+        points = beside_the_compilers(rows, COLUMNS.index(name))
+        least = slopes_at_least(points)
+    return max(least, line_at_least(points) - COMPILERS_KIB), allowed
 
 
 def panel(phase, rows, left, width, height, top_value):
@@ -134,37 +145,39 @@ def plot(phases, file):
                   'fill="#fff"/>\n' + "\n".join(parts) + "\n</svg>\n")
 
 
-def caught_from(phase, rows, name, least, allowed):
+def caught_from(rows, name, least, allowed):
     """The smallest even leak that would have been noticed: each measure shifts by as much."""
-    if name in COUNTS or name == "Java heap":
-        return f"{allowed - least:,.0f}" + ("" if name in COUNTS else " KiB")
+    if name in COUNTS:
+        return f"{math.floor(allowed - least) + 1}"
+    if name == "Java heap":
+        return f"{allowed - least:,.0f} KiB"
     each = (allowed - least) * 1024 / rows[-1][0]
     return f"{each:,.{2 if each < 1 else 0}f} bytes each"
 
 
 def row_of(phase, rows, name):
-    """The table's line of one figure, without its last column."""
-    column = COLUMNS.index(name)
-    slope, half = growth(rows, column)
+    """The table's line of one figure, without its last columns."""
+    points = behind_warm_up(rows, COLUMNS.index(name))
+    slope, half = line(points)
     unit = "" if name in COUNTS else " KiB"
-    mark = ", excludes 0" if abs(slope) > half else ""
-    return (f"| {rows[-1][0]:,} {phase} | {name} | {rows[len(rows) // 4][1 + column]:,}{unit} "
-            f"| {rows[-1][1 + column]:,}{unit} | {slope:+,.0f} | ± {half:,.0f}{mark} |")
+    mark = " (excludes 0)" if abs(slope) > half else ""
+    return (f"| {rows[-1][0]:,} {phase} | {name} | {points[0][1]:,}{unit} "
+            f"| {points[-1][1]:,}{unit} | {slope:+,.0f} ± {half:,.0f}{mark} |")
 
 
 def report(phases, bytes_each):
     """Prints the table; what is wrong, a line for each figure."""
-    print("| over | figure | at a quarter | at the end | growth | 95 % interval | caught from |")
+    print("| over | figure | at a quarter | at the end | line | at least | caught from |")
     print("|---|---|---|---|---|---|---|")
     complaints = []
     for phase, rows in phases.items():
         for column, name in enumerate(COLUMNS):
-            line = row_of(phase, rows, name)
+            told = row_of(phase, rows, name)
             if column == COMPILERS:  # a part of the Java runtime's own
-                print(f"{line} |")
+                print(f"{told} | |")
                 continue
             least, allowed = verdict(phase, rows, name, bytes_each)
-            print(f"{line} {caught_from(phase, rows, name, least, allowed)} |")
+            print(f"{told} {least:+,.0f} | {caught_from(rows, name, least, allowed)} |")
             if least > allowed:
                 complaints.append(f"{rows[-1][0]:,} {phase}: {name} grows by {least:,.1f} at least,"
                                   f" {allowed:,.1f} allowed")
