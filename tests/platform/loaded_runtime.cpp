@@ -1,6 +1,13 @@
 // SPDX-License-Identifier: MIT
 // What the runtime-library tests load for a Java runtime that is in the process already.
 
+#include <stdlib.h>
+
+// Says that it was loaded, if for a moment only.
+__attribute__((constructor)) static void tellThatItWasLoaded() {
+  ::setenv("L5KOV_TEST_RUNTIME_WAS_LOADED", "1", 1);
+}
+
 // How many virtual machines it runs; the tests set it.
 extern "C" __attribute__((visibility("default"))) int runningMachines;
 int runningMachines = 0;

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
+#include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <stdlib.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -42,6 +45,21 @@ TEST_F(PosixRuntimeLibrary, AtAnotherPathIsLoadedFromThere) {
 
 TEST_F(PosixRuntimeLibrary, MissingIsNull) {
   EXPECT_EQ(loadRuntimeLibrary(folder.composed("jre/bin/server/jvm.dll")), nullptr);
+}
+
+// Its name is asked for, to see whether another runtime runs. CMakeLists.txt runs this test once
+// more with a library where the name leads to.
+TEST_F(PosixRuntimeLibrary, OfTheSameNameElsewhereIsNotLoaded) {
+  constexpr const char* kWasLoaded = "L5KOV_TEST_RUNTIME_WAS_LOADED";
+  ::unsetenv(kWasLoaded);
+  if (::getenv("L5KOV_TEST_PLANTED") != nullptr) {
+    // It would be noticed.
+    EXPECT_EXIT(::dlopen("libjvm.so", RTLD_NOW);
+                ::_exit(::getenv(kWasLoaded) != nullptr ? 0 : 1), testing::ExitedWithCode(0), "");
+  }
+  place("jre/lib/server/libjvm.so");
+  EXPECT_NE(loadRuntimeLibrary(folder.composed("jre/bin/server/jvm.dll")), nullptr);
+  EXPECT_EQ(::getenv(kWasLoaded), nullptr);
 }
 
 TEST_F(PosixRuntimeLibrary, ThatIsNoLibraryIsNull) {

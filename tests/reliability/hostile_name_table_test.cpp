@@ -12,11 +12,15 @@ namespace {
 using namespace kovtest;
 using std::chrono::steady_clock;
 
-// A mebibyte of XML before a hole of a gibibyte: more than any table, less than the memory there
-// is. The reader takes the file into memory, which costs time and gives "noPackage".
-TEST_F(NameTable, SparseGibibyteGivesNoPackage) {
+// A gibibyte that is a hole but for its beginning: more than any table, less than the memory there
+// is. The reader takes it into memory, which costs time; what stands before the hole counts.
+TEST_F(NameTable, SparseGibibyteIsTheTableBeforeItsHole) {
   write(table(package("Alpha", model("L5-X240"))));
-  ASSERT_EQ(packageOf("L5-X240"), "Alpha");
+  std::filesystem::resize_file(file, std::uintmax_t{1} << 30);
+  EXPECT_EQ(packageOf("L5-X240"), "Alpha");
+}
+
+TEST_F(NameTable, SparseGibibyteWithoutAWholeTableGivesNoPackage) {
   write("<KovMonitorName>" + package("Alpha", model("L5-X240")));
   std::filesystem::resize_file(file, std::uintmax_t{1} << 30);
   const auto begin = steady_clock::now();

@@ -127,6 +127,7 @@ TEST(RealCancel, AtAnyMomentEndsInItsCodeAndLeavesTheMonitorAsItWas) {
   EXPECT_EQ(last.calibrator.execute(), OM_OK) << last.calibrator.getErrorMsg();
   const State after = stateOf(monitor, last);
   EXPECT_EQ(after.target, 200.0);
+  EXPECT_EQ(after.entries, before.entries + 1);
   EXPECT_NE(after.light, before.light);
 }
 

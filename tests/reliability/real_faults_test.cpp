@@ -159,8 +159,11 @@ TEST_F(BrokenInstallation, WithATruncatedRuntime) {
 }
 
 TEST_F(BrokenInstallation, WithRubbishInTheToolOptionsCannotStart) {
-  realtest::system::setVariable(kToolOptions, "-Xrubbish --nonsense=1 '");
-  EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM");
+  // Words that Java does not know, and a quote that does not end.
+  for (const char* rubbish : {"-Xrubbish", "--nonsense=1", "nonsense", "-Da='b"}) {
+    realtest::system::setVariable(kToolOptions, rubbish);
+    EXPECT_EQ(outcomeOf([] { Env(); }), "Failed to create Java VM") << rubbish;
+  }
 }
 // The Java runtime itself ends the process; nothing in it could stop that.
 TEST_F(BrokenInstallation, WithAnImpossibleHeapInTheToolOptionsTheJavaRuntimeExits) {

@@ -79,9 +79,9 @@ TEST_F(CarelessPlugin, NullAmongTheResultsIsCollectedAndReadAsNoData) {
   EXPECT_NE(made.getErrorMsg().find(" called on null"), std::string::npos);
 }
 
-TEST_F(CarelessPlugin, AListThatShrinksWhileItIsReadEndsTheRunWithItsException) {
+TEST_F(CarelessPlugin, AListThatThrowsWhileItIsReadEndsTheRunWithItsException) {
   KovCalibrator made = calibrator();
-  const fakejvm::ObjectRef list = jvm.object("shrinking", "java/util/ArrayList");
+  const fakejvm::ObjectRef list = jvm.object("throwing", "java/util/ArrayList");
   list->setElements({makeResult(1, 1, 1), makeResult(2, 2, 2)});
   jvm->script(list, "get", [](fakejvm::Call& call) -> fakejvm::Value {
     if (call.args.at(0).asInt() == 0) return call.self->elements().at(0);
