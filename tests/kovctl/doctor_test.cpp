@@ -43,7 +43,8 @@ TEST(JavaOptions, AreHarmlessOnlyWhereJavaLoadsAndTakesNothingForThem) {
        {"", "-Xcheck:nope", "-XX:NativeMemoryTracking=nope", "-XX:+UseSerialGC",
         "-Xbootclasspath/a:x", "-agentpath:x", "--add-modules=x", "-Djava.security.manager",
         "-Djdk.module.path=x", "-Djava.io.tmpdir2=x", "-Dcom.sun.management.config.file=x",
-        "-Dfile.separator=", "-Xlog:help", "-D", "-D=x", "D"}) {
+        "-Dfile.separator=", "-Dfile.encoding=", "-Djava.lang.Integer.IntegerCache.high=2147483000",
+        "-Xlog:help", "-D", "-D=x", "D"}) {
     EXPECT_FALSE(isHarmlessJavaOption(option)) << option;
   }
 }

@@ -9,13 +9,12 @@ FATAL = ("-agentlib:nope", "-javaagent:/nope.jar", "-XX:MaxMetaspaceSize=1k",
          "-Xshare:on -XX:SharedArchiveFile=/nope", "--limit-modules=nope",
          "-Djava.security.manager=nope", "-Djava.system.class.loader=Nope",
          "-Djdk.module.main=nope", "-Dcom.sun.management.jmxremote.port=nope",
-         "-Dcom.sun.management.config.file=/nope", "-Dfile.separator=",
-         "-Djava.lang.Integer.IntegerCache.high=2147483000")
+         "-Dcom.sun.management.config.file=/nope", "-Dfile.separator=")
 HARMLESS = ("-Dsome.property=1", "-DRAM=1 -Dx=-Xmx1k -Djava.io.tmpdir=/mnt/RAMDISK",
-            *("-D" + name + "=nope" for name in (
-                "file.encoding", "java.awt.headless", "java.io.tmpdir", "java.library.path",
+            *(" ".join("-D" + name + value for name in (
+                "java.awt.headless", "java.io.tmpdir", "java.library.path",
                 "java.net.preferIPv4Stack", "java.net.preferIPv6Addresses", "user.country",
-                "user.language", "user.timezone")),
+                "user.language", "user.timezone")) for value in ("", "=", "=nope", "='a b'")),
              "-Dsome.property='two words' \"-Da=b c\"", "-Xcheck:jni",
             "-Xlog:disable -verbose:gc", "-ea -da:some.Name -enableassertions:some.Name",
             "-XX:NativeMemoryTracking=summary -Xrs", "-XX:+UnlockDiagnosticVMOptions")

@@ -47,8 +47,7 @@ bool isPropertyOfJava(std::string_view name) {
 
 // With any value at all.
 bool isHarmlessProperty(std::string_view name) {
-  const std::vector<std::string_view> harmless = {"file.encoding",
-                                                  "java.awt.headless",
+  const std::vector<std::string_view> harmless = {"java.awt.headless",
                                                   "java.io.tmpdir",
                                                   "java.library.path",
                                                   "java.net.preferIPv4Stack",

@@ -15,7 +15,7 @@ std::string plainLine(std::string_view text);
 /// The same of a text that this program laid out: its line feeds and tabs stay.
 std::string plainText(std::string_view text);
 
-/// A JSON text with the same characters as "\uXXXX", where JSON itself lets them stand.
+/// A JSON text of one line with the same characters as "\uXXXX", where JSON itself lets them stand.
 std::string plainJson(std::string_view json);
 
 }  // namespace kovctl
