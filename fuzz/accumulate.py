@@ -42,9 +42,17 @@ class Rounds:
         self.file = file
         self.programs = {target: hashlib.sha256((folder / target).read_bytes()).hexdigest()[:16]
                          for target in targets}
-        self.rows = list(csv.DictReader(file.open())) if file.exists() else []
-        if any(list(row) != FIELDS for row in self.rows):
-            sys.exit(f"{file} has other columns than {','.join(FIELDS)}; move it away")
+        self.rows = []
+        if self.is_begun():
+            with file.open(newline="") as text:
+                reader = csv.DictReader(text)
+                self.rows = list(reader)
+            odd = [row for row in self.rows if None in row or None in row.values()]
+            if reader.fieldnames != FIELDS or odd:
+                sys.exit(f"{file} has other columns than {','.join(FIELDS)}; move it away")
+
+    def is_begun(self):
+        return self.file.exists() and self.file.stat().st_size > 0
 
     def sum(self, target, field, present=True):
         return sum(float(row[field]) for row in self.rows if row["target"] == target
@@ -55,7 +63,7 @@ class Rounds:
 
     def add(self, row):
         self.rows.append(row)
-        fresh = not self.file.exists()
+        fresh = not self.is_begun()
         with self.file.open("a", newline="") as out:
             writer = csv.DictWriter(out, FIELDS)
             if fresh:
@@ -68,7 +76,7 @@ def targets_of(folder, kept, asked):
     strange = [target for target in asked if target not in known]
     if strange:
         sys.exit(f"{kept} has no {', '.join(strange)}")
-    targets = asked or known
+    targets = sorted(set(asked)) or known
     missing = [target for target in targets if not os.access(folder / target, os.X_OK)]
     if missing:
         sys.exit(f"{folder} lacks {', '.join(missing)}")
@@ -87,13 +95,12 @@ def options_of(kept, target):
         line for line in lines if not line.startswith("#")]
 
 
-def become(folder, kept, target, seconds, niceness, log):
+def become(folder, kept, target, seconds, niceness, out):
     """Makes this process the target."""
     # The parent's handlers are not the child's; an end that came meanwhile is one for it, too.
     for number in ENDS:
         signal.signal(number, signal.SIG_DFL)
     signal.pthread_sigmask(signal.SIG_UNBLOCK, ENDS)
-    out = os.open(log, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644)
     os.dup2(out, 1)
     os.dup2(out, 2)
     os.nice(niceness)
@@ -107,14 +114,16 @@ def become(folder, kept, target, seconds, niceness, log):
 
 def start(folder, kept, target, seconds, niceness):
     log = folder / f"{target}.round.log"
+    out = os.open(log, os.O_WRONLY | os.O_CREAT | os.O_TRUNC | os.O_CLOEXEC, 0o644)
     process = os.fork()
     if process == 0:
         try:
-            become(folder, kept, target, seconds, niceness, log)
-        except OSError as error:
-            os.write(2, f"{error}\n".encode())
+            become(folder, kept, target, seconds, niceness, out)
+        except Exception as error:  # pylint: disable=broad-exception-caught
+            os.write(out, f"{error!r}\n".encode())
         finally:
             os._exit(126)
+    os.close(out)
     return process, log, time.monotonic()
 
 
@@ -165,7 +174,7 @@ class Turns:
 
     def begin(self):
         busy = {entry[0] for entry in self.running.values()}
-        waiting = [target for target in self.given.target or self.rounds.programs
+        waiting = [target for target in self.rounds.programs
                    if target not in busy and not crashes(self.folder, target)
                    and self.rounds.seconds(target) < 3600 * self.given.hours]
         # An end waits until the process is known that it has to reach.

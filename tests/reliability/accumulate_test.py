@@ -95,25 +95,37 @@ class Accumulate(unittest.TestCase):
     def test_a_log_of_another_form_is_refused_and_kept(self):
         self.target("one", FIGURES)
         log = self.folder / "accumulated.csv"
-        log.write_text("target,cpu_seconds,wall_seconds,inputs,ended\none,5.000,5,9,time\n")
-        done = self.run_it()
-        self.assertEqual(done.returncode, 1)
-        self.assertIn("other columns", done.stderr)
-        self.assertEqual(len(log.read_text().splitlines()), 2)
+        header = "target,cpu_seconds,wall_seconds,inputs,ended\n"
+        for text in [header, header + "one,5.000,5,9,time\n", "one,5.000,5,9,time,0123\n"]:
+            log.write_text(text)
+            done = self.run_it()
+            self.assertEqual(done.returncode, 1)
+            self.assertIn("other columns", done.stderr)
+            self.assertEqual(log.read_text(), text)
+
+    def test_an_empty_log_is_begun(self):
+        self.target("one", WORK + FIGURES)
+        (self.folder / "accumulated.csv").touch()
+        self.assertEqual(self.run_it().returncode, 0)
+        self.assertEqual(len(self.rows()), 1)
 
     def test_a_round_that_fails_without_a_crash_is_one_and_its_last(self):
         self.target("killed", "echo why; kill -9 $$\n")
         self.target("odd", "exit 23\n")
         self.target("strange", "")
         (self.folder / "strange").write_bytes(b"\x7fELF")
+        self.target("unreadable", "")
+        (self.kept.parent / "options").mkdir()
+        (self.kept.parent / "options/unreadable").write_bytes(b"\xff")
         self.target("good", WORK)
         done = self.run_it()
         self.assertEqual((done.returncode, done.stderr), (1, ""))
         self.assertEqual(sorted((row["target"], row["ended"]) for row in self.rows()),
                          [("good", "time"), ("killed", "failed"), ("odd", "failed"),
-                          ("strange", "failed")])
-        said, = self.folder.glob("killed-failed-*.log")
-        self.assertIn("why", said.read_text())
+                          ("strange", "failed"), ("unreadable", "failed")])
+        for target, why in [("killed", "why"), ("strange", "Exec format"), ("unreadable", "Unicode")]:
+            said, = self.folder.glob(f"{target}-failed-*.log")
+            self.assertIn(why, said.read_text())
         self.assertEqual(self.run_it("--table").returncode, 1)
         for log in self.folder.glob("*-failed-*.log"):
             log.unlink()
@@ -122,7 +134,8 @@ class Accumulate(unittest.TestCase):
     def test_only_what_is_asked_for_must_be_there(self):
         self.target("one", WORK + FIGURES)
         (self.kept / "two").mkdir()
-        self.assertEqual(self.run_it("one").returncode, 0)
+        self.assertEqual(self.run_it("one", "one", "--beside", "2").returncode, 0)
+        self.assertEqual(len(self.rows()), 1)
         done = self.run_it("three")
         self.assertEqual(done.returncode, 1)
         self.assertIn("has no three", done.stderr)
