@@ -81,12 +81,18 @@ class LongRunReport(unittest.TestCase):
             self.fails("calibrations", 5000, {figure: 256 * 5000 // 1024}, name, *few,
                        compiling=True)
 
-    def test_what_comes_late(self):
+    def test_a_lump_wherever_it_comes(self):
         for figure, name in [("resident", "resident"), ("native", "native heap"),
                              ("own", "Java's own")]:
-            self.passes("operations", 10_000_000, {figure: 10000}, at=[17])
-            self.fails("operations", 10_000_000, {figure: 100000}, name, at=[17])
-            self.fails("operations", 10_000_000, {figure: 100000}, name, at=[17], compiling=True)
+            for sample in range(6, 21):
+                self.passes("operations", 10_000_000, {figure: 10000}, at=[sample])
+                self.fails("operations", 10_000_000, {figure: 60000}, name, at=[sample])
+            self.fails("operations", 10_000_000, {figure: 60000}, name, at=[12], compiling=True)
+
+    def test_one_handle_whenever_it_comes(self):
+        for sample in range(6, 21):
+            self.fails("threads", 20000, {"handles": 1}, "global handles", at=[sample])
+        self.passes("threads", 20000, {"handles": 1}, at=[5])
 
     def test_says_what_it_would_have_noticed(self):
         rows = [line.split(" | ") for line in run("threads", 20000, {}).stdout.splitlines()]

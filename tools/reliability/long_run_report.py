@@ -9,19 +9,23 @@ LONG.csv  what reliability_long_run printed, with tools/reliability/jvm_memory.s
 
 For each kind of work and each figure: the slope of a straight line fitted to the samples behind the
 warm-up (the first quarter), as growth over the whole run, with its 95 % confidence interval. A slope
-whose interval holds 0 is no growth that can be told from noise; the others are marked. "At least" is
-the growth that --check holds against the limit, "caught from" the smallest leak, even over the run,
-that it would have noticed.
+whose interval holds 0 is no growth that can be told from noise; the others are marked. "At least" and
+"at most" are the ends of the interval by which --check judges, "caught from" is the smallest further
+leak, even over the run, that it would have noticed.
 
 --check ends with 1 when one of the phases (operations, threads, calibrations) is missing, or when
-something grows beyond its limit even at the lower end of an interval: handles and descriptors at all
-(the line), the Java heap by more than 64 KiB (the line), memory by more than 512 KiB and so many
-bytes for each operation, thread or calibration as BYTES_EACH has. The Java runtime's compilers take
-megabytes for moments, so of the native heap and of the Java runtime's own memory it is what is
-beside the compilers' part, by the middle slope between any two samples (Theil and Sen): the two are
-asked for one after the other, and now and then apart. Resident size keeps what the compilers took:
-of it, it is the middle step from sample to sample, as often as there are steps (sign test). Of none
-of the three may the line rise by 16 MiB more than that, so that what comes late in the run counts.
+something has grown:
+- handles and descriptors, if there are more at the end than there ever were in the warm-up, or if
+  the lower end of their line's interval says so;
+- the Java heap, if the lower end of its line's is more than 64 KiB;
+- other memory, if "at least" is more than 512 KiB and so many bytes for each operation, thread or
+  calibration as BYTES_EACH has.
+The Java runtime's compilers take megabytes for moments, so of the native heap and of the Java runtime's
+own memory it is what is beside the compilers' part, by the middle slope between any two samples (Theil
+and Sen): the two are asked for one after the other, and now and then apart. Resident size keeps what the
+compilers took: of it, it is the middle step from sample to sample, as often as there are steps (sign
+test). These two overlook lumps, so the last sample may not have more than the first one behind the warm-up
+by more than that limit and 16 MiB either.
 """
 import argparse
 import csv
@@ -73,46 +77,62 @@ def line(points):
     return slope, T975[min(n - 3, len(T975) - 1)] * math.sqrt(left / (n - 2) / sxx)
 
 
-def line_at_least(points):
+def line_interval(points):
     slope, half = line(points)
-    return slope - half
+    return slope - half, slope + half
 
 
-def steps_at_least(points, number):
-    """Growth over the whole run of so many steps when each is the least that the middle one can be
-    with 97.5 % (sign test)."""
+def steps_interval(points, number):
+    """Growth over the whole run of so many steps when each is the middle one: the interval that
+    this is in with 95 % (sign test)."""
     steps = sorted(b[1] - a[1] for a, b in zip(points, points[1:]))
     n, rank, below = len(steps), 0, 1
     while below / 2 ** n <= 0.025:
         rank += 1
         below += math.comb(n, rank)
-    return steps[max(rank - 1, 0)] * number
+    at = max(rank - 1, 0)
+    return steps[at] * number, steps[-1 - at] * number
 
 
-def slopes_at_least(points):
-    """Growth over the whole run: the least that the middle slope between two samples can be with
-    97.5 % (Sen's interval by Kendall's variance)."""
+def slopes_interval(points):
+    """Growth over the whole run by the middle slope between two samples: the interval that this is
+    in with 95 % (Sen's by Kendall's variance)."""
     n = len(points)
     slopes = sorted((b[1] - a[1]) / (b[0] - a[0])
                     for at, a in enumerate(points) for b in points[at + 1:])
     width = 1.96 * math.sqrt(n * (n - 1) * (2 * n + 5) / 18)
-    return slopes[max(int((len(slopes) - width) / 2) - 1, 0)]
+    at = max(int((len(slopes) - width) / 2) - 1, 0)
+    return slopes[at], slopes[-1 - at]
 
 
-def verdict(phase, rows, name, bytes_each):
-    """By how much a figure has grown at least, and how much it may."""
-    points = behind_warm_up(rows, COLUMNS.index(name))
+def limit(phase, rows, name, bytes_each):
     if name in COUNTS:
-        return line_at_least(points), 0.5
+        return 0.5
     if name == "Java heap":
-        return line_at_least(points), JAVA_HEAP_KIB
-    allowed = ONCE_KIB + rows[-1][0] * bytes_each[phase] / 1024
+        return JAVA_HEAP_KIB
+    return ONCE_KIB + rows[-1][0] * bytes_each[phase] / 1024
+
+
+def judged(rows, name):
+    """The samples by which a figure is judged, and the interval of its growth."""
+    column = COLUMNS.index(name)
+    if name in ["native heap", "Java's own"]:
+        points = beside_the_compilers(rows, column)
+        return points, slopes_interval(points)
+    points = behind_warm_up(rows, column)
     if name == "resident":
-        least = steps_at_least(points, len(rows) - 1)
-    else:
-        points = beside_the_compilers(rows, COLUMNS.index(name))
-        least = slopes_at_least(points)
-    return max(least, line_at_least(points) - COMPILERS_KIB), allowed
+        return points, steps_interval(points, len(rows) - 1)
+    return points, line_interval(points)
+
+
+def lump(rows, name, points):
+    """What there is more at the end than behind the warm-up, as far as it is told from the compilers."""
+    if name in COUNTS:
+        column = 1 + COLUMNS.index(name)
+        return rows[-1][column] - max(row[column] for row in rows[:len(rows) // 4 + 1])
+    if name == "Java heap":
+        return 0
+    return points[-1][1] - points[0][1] - COMPILERS_KIB
 
 
 def panel(phase, rows, left, width, height, top_value):
@@ -167,20 +187,24 @@ def row_of(phase, rows, name):
 
 def report(phases, bytes_each):
     """Prints the table; what is wrong, a line for each figure."""
-    print("| over | figure | at a quarter | at the end | line | at least | caught from |")
-    print("|---|---|---|---|---|---|---|")
+    print("| over | figure | at a quarter | at the end | line | at least | at most | caught from |")
+    print("|---|---|---|---|---|---|---|---|")
     complaints = []
     for phase, rows in phases.items():
         for column, name in enumerate(COLUMNS):
             told = row_of(phase, rows, name)
             if column == COMPILERS:  # a part of the Java runtime's own
-                print(f"{told} | |")
+                print(f"{told} | | |")
                 continue
-            least, allowed = verdict(phase, rows, name, bytes_each)
-            print(f"{told} {least:+,.0f} | {caught_from(rows, name, least, allowed)} |")
-            if least > allowed:
-                complaints.append(f"{rows[-1][0]:,} {phase}: {name} grows by {least:,.1f} at least,"
-                                  f" {allowed:,.1f} allowed")
+            points, (least, most) = judged(rows, name)
+            allowed = limit(phase, rows, name, bytes_each)
+            lumps = lump(rows, name, points)
+            noticed = max(least, lumps) if name in COUNTS else least
+            print(f"{told} {least:+,.0f} | {most:+,.0f} | "
+                  f"{caught_from(rows, name, noticed, allowed)} |")
+            if max(least, lumps) > allowed:
+                complaints.append(f"{rows[-1][0]:,} {phase}: {name} grows by {least:,.1f} at least, "
+                                  f"{lumps:,.1f} in lumps, {allowed:,.1f} allowed")
     return complaints
 
 
