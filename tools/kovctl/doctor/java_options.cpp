@@ -14,9 +14,15 @@ constexpr const char* kTitle = "Java options";
 
 constexpr std::string_view kProperty = "-D";
 
+bool beginsWithOneOf(std::string_view text, const std::vector<std::string_view>& beginnings) {
+  return std::any_of(beginnings.begin(), beginnings.end(), [&](std::string_view beginning) {
+    return text.substr(0, beginning.size()) == beginning;
+  });
+}
+
 // "-Xmx", "-Xms", "-Xmn", "-XX:MaxHeapSize=" and the like, "-XX:MaxRAMPercentage=" and the like.
 bool asksForHeap(std::string_view option) {
-  if (option.substr(0, kProperty.size()) == kProperty) return false;
+  if (beginsWithOneOf(option, {kProperty})) return false;
   for (const char* part : {"-Xm", "HeapSize", "RAM"}) {
     if (option.find(part) != std::string_view::npos) return true;
   }
@@ -29,12 +35,6 @@ bool namesFile(const std::string& options) {
     if ((' ' + options).find(part) != std::string::npos) return true;
   }
   return false;
-}
-
-bool beginsWithOneOf(std::string_view option, const std::vector<std::string_view>& beginnings) {
-  return std::any_of(beginnings.begin(), beginnings.end(), [&](std::string_view beginning) {
-    return option.substr(0, beginning.size()) == beginning;
-  });
 }
 
 // Java reads properties of these names while it starts, and some name what it must then have: a
